@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: 2026 The ZPanoHead authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QList>
+#include <QStringList>
+#include <QVector>
+
+/// Locations that the host is to match against each other.
+struct ProjectLink {
+    /// 0: near by angle; 1: one above the other; 2: side by side; 3: diagonal, down and right;
+    /// 4: diagonal, down and left.
+    int kind = 0;
+    /// Places in ProjectRecord::groups.
+    QVector<int> indices;
+};
+
+/// A finished import, as ZIApplication::ImportProject() receives it. Angles are radians.
+struct ProjectRecord {
+    /// One entry a location: full paths of the pictures taken there (one, or a bracketed stack), in
+    /// shooting order.
+    QList<QStringList> groups;
+    QVector<ProjectLink> links;
+
+    /// Angles, one a shot: location p has its at index p x (number of angles / number of groups).
+    /// Empty for a grid, which has no angles; rolls are empty for a head that gives none.
+    QVector<float> yaws;
+    QVector<float> pitches;
+    QVector<float> rolls;
+
+    /// Focal length in millimetres as on 36 x 24 mm film; 0: each picture's own.
+    float focal = 0;
+    /// 0: standard (rectilinear) lens, 1: fisheye.
+    int lensType = 0;
+
+    /// The host detects control points by itself.
+    bool autoDetection = false;
+    /// Inside a stack 0: the pictures share one position, 1: control points are detected.
+    int stackLinking = 0;
+    /// Between stacks 0: only the reference pictures are matched, 1: every level with its like.
+    int levelLinking = 0;
+    /// The recorded positions guide the optimisation.
+    bool guidedOptimization = false;
+    bool skipOptimization = false;
+    /// Control points that do not fit are removed after detection.
+    bool cleanLinks = false;
+
+    /// Grid of a Gigapan shooting: order 0 to 4, rows, pictures a location, whether the columns close
+    /// a full turn, overlap of neighbours in percent.
+    int layoutMode = 0;
+    int layoutRows = 0;
+    int layoutBracket = 0;
+    bool fullTurn = false;
+    double overlap = 0;
+
+    /// Rendering wanted: 0 the host's choice, 2 tonemapped, 3 HDR radiance.
+    int outputType = 0;
+};
