@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 The ZPanoHead authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "tests/support/RecordDump.h"
+
+#include "host/ProjectRecord.h"
+
+#include <QTextStream>
+
+namespace {
+
+QString text(float value)
+{
+    return QString::number(static_cast<double>(value), 'g', 9);
+}
+
+void writeAngles(QTextStream& out, const char* name, const QVector<float>& angles)
+{
+    out << name << ':';
+    for (const float angle : angles)
+        out << ' ' << text(angle);
+    out << '\n';
+}
+
+} // namespace
+
+QString dump(const ProjectRecord& record)
+{
+    QString result;
+    QTextStream out(&result);
+    for (int i = 0; i < record.groups.size(); ++i) {
+        out << "group " << i << ':';
+        for (const QString &path : record.groups.at(i))
+            out << " \"" << path << '"';
+        out << '\n';
+    }
+    for (const ProjectLink& link : record.links) {
+        out << "link kind " << link.kind << ':';
+        for (const int index : link.indices)
+            out << ' ' << index;
+        out << '\n';
+    }
+    writeAngles(out, "yaws", record.yaws);
+    writeAngles(out, "pitches", record.pitches);
+    writeAngles(out, "rolls", record.rolls);
+    out << "focal: " << text(record.focal) << '\n'
+        << "lensType: " << record.lensType << '\n'
+        << "autoDetection: " << record.autoDetection << '\n'
+        << "stackLinking: " << record.stackLinking << '\n'
+        << "levelLinking: " << record.levelLinking << '\n'
+        << "guidedOptimization: " << record.guidedOptimization << '\n'
+        << "skipOptimization: " << record.skipOptimization << '\n'
+        << "cleanLinks: " << record.cleanLinks << '\n'
+        << "layoutMode: " << record.layoutMode << '\n'
+        << "layoutRows: " << record.layoutRows << '\n'
+        << "layoutBracket: " << record.layoutBracket << '\n'
+        << "fullTurn: " << record.fullTurn << '\n'
+        << "overlap: " << QString::number(record.overlap, 'g', 17) << '\n'
+        << "outputType: " << record.outputType << '\n';
+    out.flush();
+    return result;
+}
