@@ -13,9 +13,9 @@ class ImageInfo {
 public:
     virtual ~ImageInfo() = default;
 
-    /// A small upright copy of the picture (its orientation tag is already applied). To be called in
-    /// the window's thread only; the reference is valid until the next call on any picture, so that
-    /// a host need not keep pixmaps.
+    /// A small upright copy of the picture (its orientation tag is already applied). To be called
+    /// in the window's thread only; the reference is valid until the next call on any picture, so
+    /// that a host need not keep pixmaps.
     virtual const QPixmap &GetThumbnail() const = 0;
 
     virtual void Reserved2() { }

@@ -46,8 +46,8 @@ struct ProjectRecord {
     /// Control points that do not fit are removed after detection.
     bool cleanLinks = false;
 
-    /// Grid of a Gigapan shooting: order 0 to 4, rows, pictures a location, whether the columns close
-    /// a full turn, overlap of neighbours in percent.
+    /// Grid of a Gigapan shooting: order 0 to 4, rows, pictures a location, whether the columns
+    /// close a full turn, overlap of neighbours in percent.
     int layoutMode = 0;
     int layoutRows = 0;
     int layoutBracket = 0;

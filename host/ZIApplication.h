@@ -38,8 +38,10 @@ public:
         const QString &identifier, const QString &key, const QVariant &fallback)
         = 0;
 
-    /// Stores \a value under \a identifier (of the plug-in) and \a key, beyond the end of the program.
-    virtual void SetSetting(const QString &identifier, const QString &key, const QVariant &value) = 0;
+    /// Stores \a value under \a identifier (of the plug-in) and \a key, beyond the end of the
+    /// program.
+    virtual void SetSetting(const QString &identifier, const QString &key, const QVariant &value)
+        = 0;
 
     virtual void Reserved7() { }
 
@@ -64,7 +66,8 @@ public:
     virtual void Reserved14() { }
     virtual void Reserved15() { }
 
-    /// The host's shared look of windows, or null: the library then sets up its own. The host owns it.
+    /// The host's shared look of windows, or null: the library then sets up its own. The host owns
+    /// it.
     virtual void *GetUiContext() = 0;
 };
 

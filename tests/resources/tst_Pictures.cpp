@@ -7,7 +7,7 @@
 #include <cmath>
 
 namespace {
-QString inFolder(const char* identifierEnd, const char* name)
+QString inFolder(const char *identifierEnd, const char *name)
 {
     return QStringLiteral(":/5A6F7276-696B-2020-2020-%1/Resources/%2")
         .arg(QLatin1String(identifierEnd), QLatin1String(name));
@@ -20,7 +20,7 @@ QStringList icons()
         QStringLiteral(":/panohost/panohost.png")};
 }
 
-QImage atSixteenPixels(const QString& path)
+QImage atSixteenPixels(const QString &path)
 {
     return QImage(path)
         .convertToFormat(QImage::Format_ARGB32_Premultiplied)
@@ -62,15 +62,15 @@ private slots:
 void tst_Pictures::pictureComesInTwoDensities_data()
 {
     QTest::addColumn<QString>("path");
-    const auto row = [](const QString& path) { QTest::newRow(qPrintable(path)) << path; };
+    const auto row = [](const QString &path) { QTest::newRow(qPrintable(path)) << path; };
     row(inFolder("2D91D0DDB961", "ZGigapan.png"));
     row(inFolder("D6D081182F97", "Clauss_wp.png"));
-    for (const QString& icon : icons())
+    for (const QString &icon : icons())
         row(icon);
-    for (const char* mode :
+    for (const char *mode :
         {"gigapan-mode0.png", "gigapan-mode1.png", "gigapan-mode2.png", "gigapan-mode3.png"})
         row(inFolder("6028D47773DF", mode));
-    for (const char* turn : {"rot90left.png", "rot90right.png"}) {
+    for (const char *turn : {"rot90left.png", "rot90right.png"}) {
         row(inFolder("483181480AB7", turn));
         row(inFolder("B662C695C918", turn));
     }
@@ -91,7 +91,7 @@ void tst_Pictures::iconShowsOnBackground_data()
 {
     QTest::addColumn<QString>("path");
     QTest::addColumn<QRgb>("background");
-    for (const QString& icon : icons()) {
+    for (const QString &icon : icons()) {
         QTest::newRow(qPrintable(icon + QLatin1String(" on white"))) << icon << qRgb(255, 255, 255);
         QTest::newRow(qPrintable(icon + QLatin1String(" on dark"))) << icon << qRgb(34, 34, 34);
     }
@@ -158,7 +158,7 @@ void tst_Pictures::turnsMirrorEachOther()
 void tst_Pictures::ordersDiffer()
 {
     QVector<QImage> orders{QImage(QStringLiteral(":/panohost/gigapan-mode4.png"))};
-    for (const char* mode :
+    for (const char *mode :
         {"gigapan-mode0.png", "gigapan-mode1.png", "gigapan-mode2.png", "gigapan-mode3.png"}) {
         const QImage order(inFolder("6028D47773DF", mode));
         QVERIFY(!orders.contains(order));
