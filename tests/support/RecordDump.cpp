@@ -6,15 +6,18 @@
 #include "host/ProjectRecord.h"
 
 #include <QTextStream>
+#include <cmath>
 
 namespace {
 
 QString text(float value)
 {
-    return QString::number(static_cast<double>(value), 'g', 9);
+    const QString digits = QString::number(static_cast<double>(value), 'g', 9);
+    // Qt drops the sign of a zero, which inverted pitches have.
+    return value == 0 && std::signbit(value) ? QLatin1Char('-') + digits : digits;
 }
 
-void writeAngles(QTextStream& out, const char* name, const QVector<float>& angles)
+void writeAngles(QTextStream &out, const char *name, const QVector<float> &angles)
 {
     out << name << ':';
     for (const float angle : angles)
@@ -24,7 +27,7 @@ void writeAngles(QTextStream& out, const char* name, const QVector<float>& angle
 
 } // namespace
 
-QString dump(const ProjectRecord& record)
+QString dump(const ProjectRecord &record)
 {
     QString result;
     QTextStream out(&result);
@@ -34,7 +37,7 @@ QString dump(const ProjectRecord& record)
             out << " \"" << path << '"';
         out << '\n';
     }
-    for (const ProjectLink& link : record.links) {
+    for (const ProjectLink &link : record.links) {
         out << "link kind " << link.kind << ':';
         for (const int index : link.indices)
             out << ' ' << index;
