@@ -1,0 +1,88 @@
+// SPDX-FileCopyrightText: 2026 The ZPanoHead authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "clauss/ClaussToSPP.h"
+
+#include "clauss/ClaussScript.h"
+#include "geometry/Angle.h"
+#include "geometry/AngleOfView.h"
+#include "geometry/ProximityLinks.h"
+#include "host/ImageInfo.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <algorithm>
+
+namespace {
+
+/// A script of the 70,000 pictures of the largest panorama is a sixtieth of this.
+constexpr qint64 kLargestScript = 64 * 1024 * 1024;
+
+/// The bytes of the file at \a path, or why there are none.
+struct FileContent {
+    QByteArray bytes;
+    QString error;
+};
+
+FileContent readFile(const QString &path)
+{
+    const QFileInfo info(path);
+    // A pipe or device could keep the reader waiting for ever.
+    if (info.exists() && !info.isFile())
+        return {{}, QStringLiteral("Not a regular file")};
+    if (info.size() > kLargestScript)
+        return {{}, QStringLiteral("Too large for a script")};
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {{}, file.errorString()};
+    FileContent content{file.readAll(), {}};
+    if (file.error() != QFileDevice::NoError)
+        content.error = file.errorString();
+    return content;
+}
+
+} // namespace
+
+bool ClaussToSPP::ReadConfigFile(const QString &path, const FindingSink &findings)
+{
+    m_shots.clear();
+    const FileContent content = readFile(path);
+    if (!content.error.isEmpty()) {
+        if (findings)
+            findings({Finding::Cause::CannotOpen, 0, content.error});
+        return false;
+    }
+    ClaussScript script = readClaussScript(content.bytes, m_fullAngles, findings);
+    m_shots = std::move(script.shots);
+    return script.valid;
+}
+
+void ClaussToSPP::Convert(const QStringList &images, const QList<ImageInfo *> &infos)
+{
+    QVector<float> focals;
+    focals.reserve(infos.size());
+    for (const ImageInfo *info : infos)
+        focals.append(info ? info->GetFocalLength() : 0.0F);
+    Convert(images, focals);
+}
+
+void ClaussToSPP::Convert(const QStringList &images, const QVector<float> &focals)
+{
+    for (const QString &image : images)
+        m_record.groups.append(QStringList{image});
+    for (const ClaussShot &shot : qAsConst(m_shots)) {
+        m_record.yaws.append(geometry::toRadians(shot.yaw));
+        m_record.pitches.append(geometry::toRadians(shot.pitch));
+    }
+
+    QVector<geometry::View> views;
+    const int pairable = std::min(images.size(), m_shots.size());
+    views.reserve(pairable);
+    for (int k = 0; k < pairable; ++k) {
+        const ClaussShot &shot = m_shots.at(k);
+        const double halfAngle = geometry::halfDiagonalAngle(focals.value(k, 0.0F));
+        views.append({geometry::toRadians(shot.yaw), geometry::toRadians(shot.pitch),
+            static_cast<float>(halfAngle)});
+    }
+    geometry::appendProximityLinks(views, m_record.links);
+}
