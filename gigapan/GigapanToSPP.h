@@ -24,8 +24,8 @@ struct GigapanLayout {
 /// Turns the pictures of a regular grid into a project record.
 class GigapanToSPP {
 public:
-    /// Chooses the most nearly square grid for \a pictures (at least 1), with no more rows than columns,
-    /// and no brackets or ignored pictures.
+    /// Chooses the most nearly square grid for \a pictures (at least 1), with no more rows than
+    /// columns, and no brackets or ignored pictures.
     void ChooseInitialGrid(int pictures);
 
     /// Computes the columns from rows, brackets and ignored pictures, for \a pictures in all.
