@@ -1,0 +1,219 @@
+// SPDX-FileCopyrightText: 2026 The ZPanoHead authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// Another program's idea of yaw, pitch, roll, lens and distortion: nona lays the generated pictures
+// over the sphere by their true positions, and there they must lie on the scene itself.
+
+#include "apps/makeshooting/CommandLine.h"
+#include "apps/makeshooting/Rendering.h"
+#include "apps/makeshooting/Studio.h"
+#include "apps/makeshooting/Truth.h"
+
+#include <QDir>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QtTest>
+#include <array>
+#include <cmath>
+
+using namespace makeshooting;
+
+namespace {
+
+/// Light and dark only; colours add nothing to geometry.
+double grey(QRgb pixel)
+{
+    return qRed(pixel) * 0.3 + qGreen(pixel) * 0.6 + qBlue(pixel) * 0.1;
+}
+
+/// How well a remapped picture lies on the scene.
+struct Match {
+    int pixels = 0;
+    /// Mean absolute difference, in steps of 255.
+    double difference = 0;
+    /// Longest shift found in any quarter of the picture, in pixels.
+    double shift = 0;
+};
+
+/// Least-squares shift between two pictures: one step along the gradients, good for small ones.
+class ShiftEstimate {
+public:
+    void add(double difference, double gx, double gy)
+    {
+        m_xx += gx * gx;
+        m_xy += gx * gy;
+        m_yy += gy * gy;
+        m_x += gx * difference;
+        m_y += gy * difference;
+        ++m_count;
+    }
+    bool usable() const { return m_count > 300; }
+    double length() const
+    {
+        const double determinant = m_xx * m_yy - m_xy * m_xy;
+        return std::hypot(
+            (m_yy * m_x - m_xy * m_y) / determinant, (m_xx * m_y - m_xy * m_x) / determinant);
+    }
+
+private:
+    double m_xx = 0, m_xy = 0, m_yy = 0, m_x = 0, m_y = 0;
+    int m_count = 0;
+};
+
+Match compare(const QImage &remapped, const QImage &scene)
+{
+    constexpr int kMargin = 3;
+    const auto covered = [&](int x, int y) { return qAlpha(remapped.pixel(x, y)) == 255; };
+    QVector<QPoint> places;
+    for (int y = kMargin; y < scene.height() - kMargin; ++y) {
+        for (int x = kMargin; x < scene.width() - kMargin; ++x) {
+            if (covered(x, y) && covered(x - kMargin, y) && covered(x + kMargin, y)
+                && covered(x, y - kMargin) && covered(x, y + kMargin))
+                places << QPoint(x, y);
+        }
+    }
+    QPointF middle;
+    for (const QPoint &place : qAsConst(places))
+        middle += QPointF(place) / places.size();
+
+    Match match;
+    std::array<ShiftEstimate, 4> quarters;
+    for (const QPoint &p : qAsConst(places)) {
+        const auto at = [&](int dx, int dy) { return grey(scene.pixel(p.x() + dx, p.y() + dy)); };
+        const double difference = grey(remapped.pixel(p)) - at(0, 0);
+        match.difference += std::abs(difference) / places.size();
+        quarters[(p.x() > middle.x() ? 1U : 0U) + (p.y() > middle.y() ? 2U : 0U)].add(
+            difference, (at(1, 0) - at(-1, 0)) / 2, (at(0, 1) - at(0, -1)) / 2);
+    }
+    for (const ShiftEstimate &quarter : quarters) {
+        if (quarter.usable())
+            match.shift = std::max(match.shift, quarter.length());
+    }
+    match.pixels = places.size();
+    return match;
+}
+
+/// The worst match of all pictures of \a shooting, as nona lays them by \a project in \a folder.
+Match worstMatch(
+    const Shooting &shooting, const QByteArray &project, const QImage &scene, const QString &folder)
+{
+    QFile file(folder + QStringLiteral("/project.pto"));
+    if (!file.open(QIODevice::WriteOnly) || file.write(project) != project.size())
+        qFatal("cannot write %s", qPrintable(file.fileName()));
+    file.close();
+    QProcess nona;
+    nona.setWorkingDirectory(folder);
+    nona.start(QStringLiteral("nona"),
+        {QStringLiteral("-m"), QStringLiteral("PNG_m"), QStringLiteral("-o"),
+            QStringLiteral("remapped"), QStringLiteral("project.pto")});
+    if (!nona.waitForFinished(120000) || nona.exitCode() != 0)
+        qFatal("nona: %s", nona.readAllStandardError().constData());
+
+    Match worst;
+    worst.pixels = scene.width() * scene.height();
+    for (int i = 0; i < shooting.pictures.size(); ++i) {
+        const QString name
+            = QStringLiteral("%1/remapped%2.png").arg(folder).arg(i, 4, 10, QLatin1Char('0'));
+        const Match match = compare(QImage(name), scene);
+        worst.pixels = std::min(worst.pixels, match.pixels);
+        worst.difference = std::max(worst.difference, match.difference);
+        worst.shift = std::max(worst.shift, match.shift);
+        QFile::remove(name);
+    }
+    return worst;
+}
+
+/// \a project with the sign of every \a field of its pictures (as "y" in "y-30.5") turned round.
+QByteArray mirrored(const QByteArray &project, QChar field)
+{
+    QStringList lines = QString::fromLatin1(project).split(QLatin1Char('\n'));
+    for (QString &line : lines) {
+        QStringList words = line.split(QLatin1Char(' '));
+        for (QString &word : words) {
+            if (line.startsWith(QLatin1String("i ")) && word.startsWith(field) && word.size() > 1)
+                word = field + QString::number(-word.midRef(1).toDouble(), 'f', 9);
+        }
+        line = words.join(QLatin1Char(' '));
+    }
+    return lines.join(QLatin1Char('\n')).toLatin1();
+}
+
+} // namespace
+
+class TstAgainstNona : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void picturesLieOnTheScene_data();
+    void picturesLieOnTheScene();
+};
+
+void TstAgainstNona::initTestCase()
+{
+    QVERIFY2(!QStandardPaths::findExecutable(QStringLiteral("nona")).isEmpty(),
+        "nona is missing: install hugin-tools");
+}
+
+void TstAgainstNona::picturesLieOnTheScene_data()
+{
+    QTest::addColumn<QString>("arguments");
+    QTest::addColumn<QString>("signs"); // fields that the row must notice when their sign is wrong
+    QTest::newRow("landscape") << "--head-error 4"
+                               << "ypr";
+    QTest::newRow("portrait by tag") << "--portrait tag --head-error 2"
+                                     << "ypr";
+    QTest::newRow("portrait by pixels") << "--portrait pixels --head-error 4"
+                                        << "ypr";
+    QTest::newRow("fisheye") << "--lens fisheye --focal 10 --head-error 4"
+                             << "ypr";
+    QTest::newRow("fisheye, portrait by tag")
+        << "--lens fisheye --focal 11 --portrait tag --distortion 0.03"
+        << "ypb";
+    QTest::newRow("barrel distortion") << "--distortion -0.04 --focal 28"
+                                       << "ypb";
+    QTest::newRow("pincushion distortion, upright") << "--distortion 0.03 --portrait pixels"
+                                                    << "ypb";
+    QTest::newRow("a focal length and a head that lie") << "--focal-error 6 --head-offset 11,-7"
+                                                        << "yp";
+    QTest::newRow("over the zenith and under the nadir") << "--pitch-range -105,98"
+                                                         << "ypr";
+    QTest::newRow("long lens") << "--focal 85 --pitch-range 2,9 --yaw-range -100,99"
+                               << "yp";
+    QTest::newRow("odd size") << "--size 301x177 --portrait tag --head-error 1"
+                              << "ypr";
+}
+
+void TstAgainstNona::picturesLieOnTheScene()
+{
+    QFETCH(const QString, arguments);
+    QFETCH(const QString, signs);
+    const QTemporaryDir folder;
+    const CommandLine line = parseCommandLine(QStringLiteral(
+        "makeshooting --rows 2 --columns 2 --full-turn --size 300x200 --output %1 %2")
+                                                  .arg(folder.path(), arguments)
+                                                  .split(QLatin1Char(' ')));
+    QCOMPARE(line.error, QString());
+    const Shooting shooting = planShooting(line.shooting);
+    QCOMPARE(writeShooting(shooting, folder.path(), 0), QString());
+
+    const QByteArray project = truthPto(shooting);
+    const int width = 2 * static_cast<int>(M_PI * shooting.camera.focal);
+    const QImage scene = wholeScene(Scene(shooting.options.scene), width, 0);
+    const Match match = worstMatch(shooting, project, scene, folder.path());
+    qInfo() << "difference" << match.difference << "shift" << match.shift << "pixels"
+            << match.pixels;
+    QVERIFY(match.pixels > 10000);
+    QVERIFY(match.difference < 5.5);
+    // Half a pixel, as from a wrong idea of where a pixel's middle is, would show.
+    QVERIFY(match.shift < 0.25);
+    for (const QChar field : signs) {
+        const Match wrong = worstMatch(shooting, mirrored(project, field), scene, folder.path());
+        qInfo() << field << "difference" << wrong.difference << "shift" << wrong.shift;
+        QVERIFY2(wrong.difference > 3 * match.difference, qPrintable(QString(field)));
+    }
+}
+
+QTEST_GUILESS_MAIN(TstAgainstNona)
+#include "tst_AgainstNona.moc"
