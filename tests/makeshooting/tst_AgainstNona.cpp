@@ -178,7 +178,7 @@ void TstAgainstNona::picturesLieOnTheScene_data()
     QTest::newRow("a focal length and a head that lie") << "--focal-error 6 --head-offset 11,-7"
                                                         << "yp";
     QTest::newRow("over the zenith and under the nadir") << "--pitch-range -105,98"
-                                                         << "ypr";
+                                                         << "yp";
     QTest::newRow("long lens") << "--focal 85 --pitch-range 2,9 --yaw-range -100,99"
                                << "yp";
     QTest::newRow("odd size") << "--size 301x177 --portrait tag --head-error 1"
