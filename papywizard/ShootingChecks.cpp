@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: 2026 The ZPanoHead authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "papywizard/ShootingChecks.h"
+
+#include "host/ImageInfo.h"
+
+#include <cmath>
+
+namespace {
+
+int lensTypeOf(const PapywizardShooting &shooting)
+{
+    return shooting.fisheye ? 1 : 0;
+}
+
+bool countIsNoMultiple(const ShootingState &state)
+{
+    const int brackets = state.shooting.bracketCount;
+    return brackets > 1 && state.pictureCount % brackets != 0;
+}
+
+bool focalsDiffer(const ShootingState &state)
+{
+    const double ofPictures = state.pictures.focal;
+    const double ofFile = state.shooting.focal;
+    return ofPictures > 0 && ofFile != -1.0 && std::abs(ofPictures - ofFile) * 10.0 > ofPictures;
+}
+
+} // namespace
+
+PictureLens lensOfPictures(const QVector<PictureLens> &pictures)
+{
+    PictureLens all;
+    for (const PictureLens &picture : pictures) {
+        all.focal += picture.focal;
+        all.lensType = picture.lensType;
+    }
+    if (!pictures.isEmpty())
+        all.focal /= pictures.size();
+    return all;
+}
+
+PictureLens lensOfPictures(const QList<ImageInfo *> &pictures)
+{
+    QVector<PictureLens> lenses;
+    lenses.reserve(pictures.size());
+    for (const ImageInfo *picture : pictures)
+        lenses.append({static_cast<double>(picture->GetFocalLength()), picture->GetLensType()});
+    return lensOfPictures(lenses);
+}
+
+PictureLens proposedLens(const PapywizardShooting &shooting, const PictureLens &pictures)
+{
+    if (pictures.focal > 0)
+        return pictures;
+    return {shooting.focal > 0 ? shooting.focal : 0, lensTypeOf(shooting)};
+}
+
+ShootingWarning shootingWarning(const ShootingState &state)
+{
+    if (state.shotCount <= 0)
+        return ShootingWarning::None;
+    if (state.pictures.lensType != lensTypeOf(state.shooting))
+        return ShootingWarning::LensDiffers;
+    if (focalsDiffer(state))
+        return ShootingWarning::FocalDiffers;
+    if (state.shotCount != state.pictureCount)
+        return ShootingWarning::CountDiffers;
+    if (countIsNoMultiple(state))
+        return ShootingWarning::NotMultiple;
+    return ShootingWarning::None;
+}
+
+bool isShootingComplete(int shotCount, int pictureCount, int picturesRead)
+{
+    return pictureCount == picturesRead && pictureCount == shotCount;
+}
