@@ -65,6 +65,8 @@ public:
     /// Whether the document is well-formed up to its end.
     bool read()
     {
+        m_xml.readNext();
+        m_declaredEncoding = m_xml.documentEncoding().toString();
         if (m_xml.readNextStartElement())
             root();
         while (m_xml.tokenType() != QXmlStreamReader::Invalid
@@ -79,7 +81,8 @@ public:
     {
         return {Finding::Cause::Malformed, m_xml.lineNumber(), m_xml.errorString()};
     }
-    QString declaredEncoding() const { return m_xml.documentEncoding().toString(); }
+    /// Empty when the document names none, or was refused before it could.
+    const QString &declaredEncoding() const { return m_declaredEncoding; }
 
 private:
     struct Child {
@@ -221,7 +224,8 @@ private:
 
     void camera()
     {
-        firstChildren({{"sensor", &ShootingWalk::sensor}, {"bracketing", &ShootingWalk::bracketing}});
+        firstChildren(
+            {{"sensor", &ShootingWalk::sensor}, {"bracketing", &ShootingWalk::bracketing}});
     }
 
     void sensor()
@@ -254,10 +258,7 @@ private:
             note(Finding::Cause::NotANumber, line, "focal", text);
     }
 
-    void shooting()
-    {
-        firstChildren({{"cameraOrientation", &ShootingWalk::cameraOrientation}});
-    }
+    void shooting() { firstChildren({{"cameraOrientation", &ShootingWalk::cameraOrientation}}); }
 
     void cameraOrientation()
     {
@@ -265,6 +266,7 @@ private:
     }
 
     QXmlStreamReader m_xml;
+    QString m_declaredEncoding;
     bool m_wantsFindings;
     PapywizardShooting m_shooting;
     bool m_hasLens = false;
@@ -283,8 +285,10 @@ public:
 #endif
         m_stream.setAutoDetectUnicode(false);
         // The stream eats one byte order mark. A second one must not be taken for the first.
-        if (const QByteArray mark("\xEF\xBB\xBF"); source.peek(mark.size()) == mark)
+        const QByteArray mark("\xEF\xBB\xBF");
+        if (source.peek(mark.size()) == mark)
             m_ready = mark;
+        m_ready += nextChunk();
         open(QIODevice::ReadOnly);
     }
 
@@ -296,12 +300,8 @@ public:
 protected:
     qint64 readData(char *data, qint64 maxSize) override
     {
-        if (m_ready.isEmpty()) {
-            QString decoded = m_stream.read(kChunk);
-            if (!decoded.isEmpty() && decoded.at(decoded.size() - 1).isHighSurrogate())
-                decoded += m_stream.read(1);
-            m_ready = decoded.toUtf8();
-        }
+        if (m_ready.isEmpty())
+            m_ready = nextChunk();
         const auto size = static_cast<int>(std::min<qint64>(maxSize, m_ready.size()));
         std::copy_n(m_ready.constData(), size, data);
         m_ready.remove(0, size);
@@ -313,7 +313,14 @@ protected:
     }
 
 private:
-    static constexpr int kChunk = 4096;
+    QByteArray nextChunk()
+    {
+        QString chunk = m_stream.read(4096);
+        if (!chunk.isEmpty() && chunk.at(chunk.size() - 1).isHighSurrogate())
+            chunk += m_stream.read(1);
+        return chunk.toUtf8();
+    }
+
     QTextStream m_stream;
     QByteArray m_ready;
 };
