@@ -1,0 +1,218 @@
+// SPDX-FileCopyrightText: 2026 The ZPanoHead authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/ImageInfo.h"
+#include "papywizard/ShootingChecks.h"
+
+#include <QPixmap>
+#include <QTest>
+#include <limits>
+
+namespace {
+
+constexpr int kMax = std::numeric_limits<int>::max();
+constexpr int kMin = std::numeric_limits<int>::min();
+constexpr double kInf = std::numeric_limits<double>::infinity();
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+
+class LensInfo final : public ImageInfo {
+public:
+    LensInfo(float focal, int lensType)
+        : m_focal(focal)
+        , m_lensType(lensType)
+    {
+    }
+    const QPixmap &GetThumbnail() const override { qFatal("not asked for"); }
+    float GetFocalLength() const override { return m_focal; }
+    int GetLensType() const override { return m_lensType; }
+    float GetExposure() const override { return 0; }
+
+private:
+    float m_focal;
+    int m_lensType;
+};
+
+} // namespace
+
+Q_DECLARE_METATYPE(ShootingWarning)
+Q_DECLARE_METATYPE(QVector<PictureLens>)
+
+class tst_ShootingChecks : public QObject {
+    Q_OBJECT
+private slots:
+    void warns_data();
+    void warns();
+    void takesLensOfPictures_data();
+    void takesLensOfPictures();
+    void takesLensOfInfos();
+    void proposesLens_data();
+    void proposesLens();
+    void isComplete_data();
+    void isComplete();
+};
+
+void tst_ShootingChecks::warns_data()
+{
+    QTest::addColumn<int>("shots");
+    QTest::addColumn<int>("pictures");
+    QTest::addColumn<int>("brackets");
+    QTest::addColumn<double>("fileFocal");
+    QTest::addColumn<bool>("fileFisheye");
+    QTest::addColumn<double>("focal");
+    QTest::addColumn<int>("lensType");
+    QTest::addColumn<ShootingWarning>("warning");
+    using Warning = ShootingWarning;
+
+    QTest::newRow("all agree") << 12 << 12 << 3 << 24.0 << false << 24.0 << 0 << Warning::None;
+    QTest::newRow("no file") << -1 << 5 << 3 << 24.0 << true << 50.0 << 0 << Warning::None;
+    QTest::newRow("file without shots")
+        << 0 << 5 << 3 << 24.0 << true << 50.0 << 0 << Warning::None;
+    QTest::newRow("shots are no multiple either")
+        << 13 << 13 << 3 << -1.0 << false << 0.0 << 0 << Warning::NotMultiple;
+    QTest::newRow("the differing count hides the multiple")
+        << 12 << 13 << 3 << -1.0 << false << 0.0 << 0 << Warning::CountDiffers;
+    QTest::newRow("no pictures yet")
+        << 12 << 0 << 3 << -1.0 << false << 0.0 << 0 << Warning::CountDiffers;
+    QTest::newRow("no brackets, any count fits")
+        << 5 << 5 << -1 << -1.0 << false << 0.0 << 0 << Warning::None;
+    QTest::newRow("brackets without number")
+        << 5 << 5 << 0 << -1.0 << false << 0.0 << 0 << Warning::None;
+    QTest::newRow("least number of brackets")
+        << 5 << 5 << kMin << -1.0 << false << 0.0 << 0 << Warning::None;
+    QTest::newRow("negative number of brackets that does not divide")
+        << 5 << 5 << -3 << -1.0 << false << 0.0 << 0 << Warning::None;
+    QTest::newRow("absurd brackets")
+        << 5 << 5 << kMax << -1.0 << false << 0.0 << 0 << Warning::NotMultiple;
+    QTest::newRow("more than a tenth longer")
+        << 1 << 1 << 1 << 24.0 << false << 27.0 << 0 << Warning::FocalDiffers;
+    QTest::newRow("less than a tenth longer")
+        << 1 << 1 << 1 << 24.0 << false << 26.0 << 0 << Warning::None;
+    QTest::newRow("just a tenth") << 1 << 1 << 1 << 27.0 << false << 30.0 << 0 << Warning::None;
+    QTest::newRow("shorter") << 1 << 1 << 1 << 24.0 << false << 21.0 << 0 << Warning::FocalDiffers;
+    QTest::newRow("file without focal")
+        << 1 << 1 << 1 << -1.0 << false << 27.0 << 0 << Warning::None;
+    QTest::newRow("file with a focal of 0")
+        << 1 << 1 << 1 << 0.0 << false << 27.0 << 0 << Warning::FocalDiffers;
+    QTest::newRow("pictures without focal")
+        << 1 << 1 << 1 << 24.0 << false << 0.0 << 0 << Warning::None;
+    QTest::newRow("focal that is no number")
+        << 1 << 1 << 1 << 24.0 << false << kNaN << 0 << Warning::None;
+    QTest::newRow("infinite focal of the file")
+        << 1 << 1 << 1 << kInf << false << 24.0 << 0 << Warning::FocalDiffers;
+    QTest::newRow("focals hide counts")
+        << 12 << 13 << 3 << 24.0 << false << 50.0 << 0 << Warning::FocalDiffers;
+    QTest::newRow("only the file is fisheye")
+        << 1 << 1 << 1 << -1.0 << true << 0.0 << 0 << Warning::LensDiffers;
+    QTest::newRow("only the pictures are fisheye")
+        << 1 << 1 << 1 << -1.0 << false << 0.0 << 1 << Warning::LensDiffers;
+    QTest::newRow("both are fisheye") << 1 << 1 << 1 << -1.0 << true << 0.0 << 1 << Warning::None;
+    QTest::newRow("lens before pictures are chosen")
+        << 1 << 0 << 1 << -1.0 << true << 0.0 << 0 << Warning::LensDiffers;
+    QTest::newRow("lens hides all")
+        << 12 << 13 << 3 << 24.0 << true << 50.0 << 0 << Warning::LensDiffers;
+}
+
+void tst_ShootingChecks::warns()
+{
+    QFETCH(int, shots);
+    QFETCH(int, pictures);
+    QFETCH(int, brackets);
+    QFETCH(double, fileFocal);
+    QFETCH(bool, fileFisheye);
+    QFETCH(double, focal);
+    QFETCH(int, lensType);
+
+    PapywizardShooting shooting;
+    shooting.bracketCount = brackets;
+    shooting.focal = fileFocal;
+    shooting.fisheye = fileFisheye;
+    QTEST(shootingWarning({shooting, shots, pictures, {focal, lensType}}), "warning");
+}
+
+void tst_ShootingChecks::takesLensOfPictures_data()
+{
+    QTest::addColumn<QVector<PictureLens>>("pictures");
+    QTest::addColumn<double>("focal");
+    QTest::addColumn<int>("lensType");
+    using Pictures = QVector<PictureLens>;
+    QTest::newRow("none") << Pictures{} << 0.0 << 0;
+    QTest::newRow("unknown ones count as 0") << Pictures{{50, 0}, {0, 0}, {25, 0}} << 25.0 << 0;
+    QTest::newRow("last lens type") << Pictures{{8, 0}, {8, 1}} << 8.0 << 1;
+    QTest::newRow("last lens type though unknown") << Pictures{{8, 1}, {0, 0}} << 4.0 << 0;
+    QTest::newRow("infinite") << Pictures{{kInf, 0}, {8, 0}} << kInf << 0;
+}
+
+void tst_ShootingChecks::takesLensOfPictures()
+{
+    QFETCH(QVector<PictureLens>, pictures);
+    QFETCH(double, focal);
+
+    const PictureLens lens = lensOfPictures(pictures);
+    QCOMPARE(lens.focal, focal);
+    QTEST(lens.lensType, "lensType");
+}
+
+void tst_ShootingChecks::takesLensOfInfos()
+{
+    // 0.1 as a float: the mean must be of what the host says, in double.
+    LensInfo first(0.1F, 1);
+    LensInfo second(0.2F, 0);
+    const PictureLens lens = lensOfPictures(QList<ImageInfo *>{&second, &first});
+    QCOMPARE(lens.focal, (double(0.2F) + double(0.1F)) / 2);
+    QCOMPARE(lens.lensType, 1);
+}
+
+void tst_ShootingChecks::proposesLens_data()
+{
+    QTest::addColumn<double>("fileFocal");
+    QTest::addColumn<bool>("fileFisheye");
+    QTest::addColumn<double>("pictureFocal");
+    QTest::addColumn<int>("pictureLensType");
+    QTest::addColumn<double>("focal");
+    QTest::addColumn<int>("lensType");
+    QTest::newRow("pictures before file") << 24.0 << true << 27.0 << 0 << 27.0 << 0;
+    QTest::newRow("file alone") << 24.0 << true << 0.0 << 0 << 24.0 << 1;
+    QTest::newRow("no focal, no lens type of pictures") << 24.0 << false << 0.0 << 1 << 24.0 << 0;
+    QTest::newRow("neither") << -1.0 << false << 0.0 << 0 << 0.0 << 0;
+    QTest::newRow("file's is no focal") << -8.0 << true << 0.0 << 0 << 0.0 << 1;
+    QTest::newRow("pictures' is no number") << 24.0 << false << kNaN << 1 << 24.0 << 0;
+}
+
+void tst_ShootingChecks::proposesLens()
+{
+    QFETCH(double, fileFocal);
+    QFETCH(bool, fileFisheye);
+    QFETCH(double, pictureFocal);
+    QFETCH(int, pictureLensType);
+
+    PapywizardShooting shooting;
+    shooting.focal = fileFocal;
+    shooting.fisheye = fileFisheye;
+    const PictureLens lens = proposedLens(shooting, {pictureFocal, pictureLensType});
+    QTEST(lens.focal, "focal");
+    QTEST(lens.lensType, "lensType");
+}
+
+void tst_ShootingChecks::isComplete_data()
+{
+    QTest::addColumn<int>("shots");
+    QTest::addColumn<int>("pictures");
+    QTest::addColumn<int>("read");
+    QTest::addColumn<bool>("complete");
+    QTest::newRow("all there") << 12 << 12 << 12 << true;
+    QTest::newRow("one unreadable") << 12 << 12 << 11 << false;
+    QTest::newRow("one picture over") << 12 << 13 << 13 << false;
+    QTest::newRow("as many read as shots, but more chosen") << 12 << 13 << 12 << false;
+    QTest::newRow("nothing chosen, no file") << -1 << 0 << 0 << false;
+}
+
+void tst_ShootingChecks::isComplete()
+{
+    QFETCH(int, shots);
+    QFETCH(int, pictures);
+    QFETCH(int, read);
+    QTEST(isShootingComplete(shots, pictures, read), "complete");
+}
+
+QTEST_GUILESS_MAIN(tst_ShootingChecks)
+#include "tst_ShootingChecks.moc"
