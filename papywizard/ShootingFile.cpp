@@ -327,7 +327,10 @@ private:
 
 class VanishingEntities final : public QXmlStreamEntityResolver {
 public:
-    QString resolveUndeclaredEntity(const QString &) override { return QStringLiteral(""); }
+    QString resolveUndeclaredEntity(const QString & /*name*/) override
+    {
+        return QStringLiteral("");
+    }
 };
 
 bool isUtf16(QIODevice &device)
