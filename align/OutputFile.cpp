@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: 2026 The ZPanoHead authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "align/OutputFile.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <memory>
+#include <optional>
+#include <sys/stat.h>
+#include <vector>
+
+namespace {
+
+/// Device and number: what two names of one file share.
+std::optional<QPair<quint64, quint64>> fileId(const QString &path)
+{
+    struct stat status;
+    if (::stat(QFile::encodeName(path).constData(), &status) != 0)
+        return std::nullopt;
+    return qMakePair(quint64(status.st_dev), quint64(status.st_ino));
+}
+
+} // namespace
+
+OutputGuard::OutputGuard(const QStringList &inputs, bool force)
+    : m_force(force)
+{
+    for (const QString &path : inputs) {
+        if (const auto id = fileId(path))
+            m_inputs.insert(*id);
+    }
+}
+
+QString OutputGuard::objection(const QString &path) const
+{
+    const QFileInfo info(path);
+    if (info.isDir())
+        return QStringLiteral("is a folder");
+    const auto id = fileId(path);
+    if (!id) {
+        const QFileInfo folder(info.absolutePath());
+        return folder.isDir() ? QString()
+                              : QStringLiteral("there is no folder %1").arg(folder.filePath());
+    }
+    if (m_inputs.contains(*id))
+        return QStringLiteral("is one of the files that the import reads");
+    if (!info.isFile())
+        return QStringLiteral("is no regular file");
+    return m_force ? QString() : QStringLiteral("exists already; --force writes over it");
+}
+
+QString writeWhole(const QVector<OutputFile> &files)
+{
+    std::vector<std::unique_ptr<QSaveFile>> open;
+    const auto failure = [](const QSaveFile &file) {
+        return QStringLiteral("%1: cannot be written: %2").arg(file.fileName(), file.errorString());
+    };
+    for (const OutputFile &output : files) {
+        open.push_back(std::make_unique<QSaveFile>(output.path));
+        QSaveFile &file = *open.back();
+        if (!file.open(QIODevice::WriteOnly) || file.write(output.content) != output.content.size()
+            || !file.flush())
+            return failure(file);
+    }
+    for (const auto &file : open) {
+        if (!file->commit())
+            return failure(*file);
+    }
+    return {};
+}

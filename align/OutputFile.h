@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The ZPanoHead authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QByteArray>
+#include <QPair>
+#include <QSet>
+#include <QStringList>
+#include <QVector>
+
+/// Says where an import may write.
+class OutputGuard {
+public:
+    /// \a inputs are the files that the import reads: never written over, by whatever name (links
+    /// included) they are called. Other files that exist are written over when \a force is set.
+    OutputGuard(const QStringList &inputs, bool force);
+
+    /// Why \a path must not be written, in words that follow its name and a colon; empty when it
+    /// may.
+    QString objection(const QString &path) const;
+
+private:
+    using FileId = QPair<quint64, quint64>;
+    QSet<FileId> m_inputs;
+    bool m_force;
+};
+
+struct OutputFile {
+    QString path;
+    QByteArray content;
+};
+
+/// Writes \a files, each whole or not at all, and none before all could be written. Empty when
+/// done, else the path and what went wrong.
+QString writeWhole(const QVector<OutputFile> &files);

@@ -1,0 +1,102 @@
+// SPDX-FileCopyrightText: 2026 The ZPanoHead authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "align/Placement.h"
+
+#include "geometry/Angle.h"
+#include "gigapan/GigapanToSPP.h"
+
+#include <cmath>
+
+namespace {
+
+double degrees(double radians)
+{
+    return radians * 180 / geometry::kPi;
+}
+
+double wrapped(double angle)
+{
+    return std::remainder(angle, 360.0);
+}
+
+std::optional<QVector<Placement>> recordedPlaces(const ProjectRecord &record, QString *problem)
+{
+    const int groups = record.groups.size();
+    const int angles = record.yaws.size();
+    if (angles % groups != 0 || record.pitches.size() != angles
+        || (!record.rolls.isEmpty() && record.rolls.size() != angles)) {
+        *problem
+            = QStringLiteral("the record has %1 yaws, %2 pitches and %3 rolls for %4 locations")
+                  .arg(angles)
+                  .arg(record.pitches.size())
+                  .arg(record.rolls.size())
+                  .arg(groups);
+        return std::nullopt;
+    }
+    QVector<Placement> places;
+    places.reserve(groups);
+    for (int shot = 0; shot < angles; shot += angles / groups) {
+        const Placement place{
+            wrapped(degrees(record.yaws[shot])),
+            degrees(record.pitches[shot]),
+            record.rolls.isEmpty() ? 0.0 : degrees(record.rolls[shot]),
+        };
+        if (!std::isfinite(place.yaw + place.pitch + place.roll)) {
+            *problem
+                = QStringLiteral("the angles of location %1 are no numbers").arg(places.size());
+            return std::nullopt;
+        }
+        places.append(place);
+    }
+    return places;
+}
+
+/// Row 0 is the top one; the grid is centred on yaw and pitch 0.
+std::optional<QVector<Placement>> gridPlaces(
+    const ProjectRecord &record, const PictureOptics &lens, bool turned, QString *problem)
+{
+    const int groups = record.groups.size();
+    GigapanLayout layout;
+    layout.mode = record.layoutMode;
+    layout.rows = record.layoutRows;
+    layout.columns = layout.rows > 0 ? groups / layout.rows : 0;
+    if (layout.columns < 1 || layout.rows * layout.columns != groups
+        || !std::isfinite(record.overlap)) {
+        *problem = QStringLiteral("the record has %1 locations and no grid of %2 rows")
+                       .arg(groups)
+                       .arg(layout.rows);
+        return std::nullopt;
+    }
+    const double apart = 1 - record.overlap / 100;
+    const int across = turned ? lens.size.height() : lens.size.width();
+    const int down = turned ? lens.size.width() : lens.size.height();
+    const double columnStep
+        = record.fullTurn ? 360.0 / layout.columns : degrees(lens.angleAcross(across)) * apart;
+    const double rowStep = degrees(lens.angleAcross(down)) * apart;
+
+    QVector<Placement> places(groups);
+    for (int row = 0; row < layout.rows; ++row) {
+        for (int column = 0; column < layout.columns; ++column) {
+            places[locationAt(layout, row, column)] = {
+                wrapped((column - (layout.columns - 1) / 2.0) * columnStep),
+                ((layout.rows - 1) / 2.0 - row) * rowStep,
+                0,
+            };
+        }
+    }
+    return places;
+}
+
+} // namespace
+
+std::optional<QVector<Placement>> placementsOf(
+    const ProjectRecord &record, const PictureOptics &first, bool turned, QString *problem)
+{
+    if (record.groups.isEmpty()) {
+        *problem = QStringLiteral("the record has no locations");
+        return std::nullopt;
+    }
+    return record.yaws.isEmpty() ? gridPlaces(record, first, turned, problem)
+                                 : recordedPlaces(record, problem);
+}

@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The ZPanoHead authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QByteArray>
+#include <QImage>
+#include <QSize>
+#include <QString>
+#include <string>
+#include <utility>
+#include <vector>
+
+/// EXIF tags by exiv2's names, values as exiv2 writes them: {"Exif.Photo.FNumber", "8/1"}.
+using Tags = std::vector<std::pair<std::string, std::string>>;
+
+/// A JPEG of \a image with \a tags, and \a thumbnail embedded where it is not empty. Ends the test
+/// program when it cannot be written.
+void writeJpeg(const QString &path, const QImage &image, const Tags &tags = {},
+    const QByteArray &thumbnail = {});
+/// The same with a plain picture of \a size.
+void writeJpeg(const QString &path, const QSize &size, const Tags &tags = {});
+
+QByteArray jpegBytes(const QImage &image);
+QImage plainImage(const QSize &size, Qt::GlobalColor colour = Qt::gray);
+
+QByteArray fileContent(const QString &path);
+void writeFile(const QString &path, const QByteArray &content);

@@ -1,0 +1,80 @@
+// SPDX-FileCopyrightText: 2026 The ZPanoHead authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "align/OutputFile.h"
+#include "tests/align/TestPicture.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+#include <unistd.h>
+
+class tst_OutputFile : public QObject {
+    Q_OBJECT
+
+private slots:
+    void objections_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QString>("plain");
+        QTest::addColumn<QString>("forced");
+
+        const QString input = QStringLiteral("is one of the files that the import reads");
+        const QString exists = QStringLiteral("exists already; --force writes over it");
+        writeFile(at("input"), "input");
+        writeFile(at("other"), "other");
+        QFile::link(at("input"), at("to input"));
+        QFile::link(at("other"), at("to other"));
+        QFile::link(at("nowhere"), at("dangling"));
+        QVERIFY(::link(QFile::encodeName(at("input")).constData(),
+                    QFile::encodeName(at("hard")).constData())
+            == 0);
+        QDir(m_folder.path()).mkdir(QStringLiteral("folder"));
+
+        QTest::newRow("new") << at("new") << QString() << QString();
+        QTest::newRow("the input") << at("input") << input << input;
+        QTest::newRow("by another way") << at("folder/../input") << input << input;
+        QTest::newRow("by a link") << at("to input") << input << input;
+        QTest::newRow("by a hard link") << at("hard") << input << input;
+        QTest::newRow("another file") << at("other") << exists << QString();
+        QTest::newRow("a link to another") << at("to other") << exists << QString();
+        QTest::newRow("a link to nowhere") << at("dangling") << QString() << QString();
+        const QString folder = QStringLiteral("is a folder");
+        QTest::newRow("a folder") << at("folder") << folder << folder;
+        const QString noFolder = QStringLiteral("there is no folder %1").arg(at("absent"));
+        QTest::newRow("in no folder") << at("absent/new") << noFolder << noFolder;
+        const QString device = QStringLiteral("is no regular file");
+        QTest::newRow("a device") << QStringLiteral("/dev/null") << device << device;
+    }
+    void objections()
+    {
+        QFETCH(QString, path);
+        const QStringList inputs{at("input"), at("never there")};
+        QTEST(OutputGuard(inputs, false).objection(path), "plain");
+        QTEST(OutputGuard(inputs, true).objection(path), "forced");
+    }
+
+    void wholeOrNothing()
+    {
+        writeFile(at("a"), "old");
+        QCOMPARE(writeWhole({{at("a"), "new"}, {at("b"), QByteArray(100'000, 'x')}}), QString());
+        QCOMPARE(fileContent(at("a")), QByteArray("new"));
+        QCOMPARE(fileContent(at("b")).size(), 100'000);
+
+        const QStringList before = QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::Hidden);
+        const QString error
+            = writeWhole({{at("a"), "newer"}, {at("c"), "c"}, {at("absent/d"), "d"}});
+        QVERIFY2(error.startsWith(at("absent/d: ")), qUtf8Printable(error));
+        QCOMPARE(fileContent(at("a")), QByteArray("new"));
+        QCOMPARE(QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::Hidden), before);
+    }
+
+private:
+    QString at(const char *name) const { return m_folder.filePath(QString::fromLatin1(name)); }
+
+    QTemporaryDir m_folder;
+};
+
+QTEST_GUILESS_MAIN(tst_OutputFile)
+#include "tst_OutputFile.moc"
