@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: 2026 The ZPanoHead authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "apps/panohost/CommandLine.h"
+
+#include "apps/panohost/ImportCommand.h"
+#include "apps/panohost/heads/Head.h"
+
+#include <QCoreApplication>
+
+namespace {
+
+QString help()
+{
+    return QStringLiteral(
+               "panohost starts panorama projects from what a motorised head knows.\n\n"
+               "  panohost import HEAD ...  make a project of a head's file and pictures\n"
+               "  panohost heads            list the heads\n"
+               "  panohost --help           show this\n"
+               "  panohost --version        show the version\n\n")
+        + importHelp();
+}
+
+QString listOfHeads()
+{
+    QString list;
+    for (const HeadEntry &entry : headEntries())
+        list += QLatin1String(entry.name) + QStringLiteral(": ") + QLatin1String(entry.description)
+            + QLatin1Char('\n');
+    return list;
+}
+
+} // namespace
+
+ExitCode runCommandLine(const QStringList &arguments)
+{
+    const QString &command = arguments.first();
+    const QStringList rest = arguments.mid(1);
+    if (command == QLatin1String("import"))
+        return runImport(rest);
+
+    const QHash<QString, QString> answers{
+        {QStringLiteral("heads"), listOfHeads()},
+        {QStringLiteral("--help"), help()},
+        {QStringLiteral("-h"), help()},
+        {QStringLiteral("--version"),
+            QStringLiteral("panohost %1\n").arg(QCoreApplication::applicationVersion())},
+    };
+    const auto answer = answers.constFind(command);
+    if (answer == answers.constEnd() || !rest.isEmpty()) {
+        console::complain(answer == answers.constEnd()
+                ? QStringLiteral("there is no command \"%1\"").arg(command)
+                : QStringLiteral("%1 takes nothing behind it").arg(command));
+        console::complain(QStringLiteral("panohost --help tells how it is used"));
+        return ExitCode::WrongUsage;
+    }
+    console::print(*answer);
+    return ExitCode::Done;
+}

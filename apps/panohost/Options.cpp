@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 The ZPanoHead authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "apps/panohost/Options.h"
+
+#include <cmath>
+
+std::optional<int> OptionReader::choice(const char *name, const QStringList &words)
+{
+    if (!isSet(name))
+        return std::nullopt;
+    const int place = words.indexOf(text(name));
+    if (place < 0)
+        refuse(QStringLiteral("--%1 wants one of %2, not \"%3\"")
+                   .arg(QLatin1String(name), words.join(QLatin1String(", ")), text(name)));
+    return place;
+}
+
+std::optional<double> OptionReader::number(const char *name, double least, double most)
+{
+    if (!isSet(name))
+        return std::nullopt;
+    bool isNumber = false;
+    const double value = text(name).toDouble(&isNumber);
+    // Not a number at all fails here too.
+    if (!isNumber || !(value >= least && value <= most))
+        refuse(QStringLiteral("--%1 wants a number from %2 to %3, not \"%4\"")
+                   .arg(QLatin1String(name))
+                   .arg(least)
+                   .arg(most)
+                   .arg(text(name)));
+    return value;
+}
+
+std::optional<int> OptionReader::integer(const char *name, int least, int most)
+{
+    if (!isSet(name))
+        return std::nullopt;
+    bool isNumber = false;
+    const int value = text(name).toInt(&isNumber);
+    if (!isNumber || value < least || value > most)
+        refuse(QStringLiteral("--%1 wants a whole number from %2 to %3, not \"%4\"")
+                   .arg(QLatin1String(name))
+                   .arg(least)
+                   .arg(most)
+                   .arg(text(name)));
+    return value;
+}
+
+bool OptionReader::lastOf(const char *on, const char *off, bool fallback) const
+{
+    const QStringList given = m_parser.optionNames();
+    const int lastOn = given.lastIndexOf(QLatin1String(on));
+    const int lastOff = given.lastIndexOf(QLatin1String(off));
+    return lastOn == lastOff ? fallback : lastOn > lastOff;
+}
+
+void OptionReader::refuse(const QString &error)
+{
+    if (m_error.isEmpty())
+        m_error = error;
+}
