@@ -307,7 +307,7 @@ protected:
         m_ready.remove(0, size);
         return size;
     }
-    qint64 writeData(const char *, qint64) override
+    qint64 writeData(const char * /*data*/, qint64 /*size*/) override
     {
         return -1;
     }
