@@ -274,7 +274,8 @@ private:
     QVector<Finding> m_findings;
 };
 
-/// Passes UTF-8 on with each byte that does not belong to it replaced by U+FFFD.
+/// Passes UTF-8 on with each byte that does not belong to it replaced by U+FFFD. Text that begins
+/// with the byte order mark of UTF-16 becomes UTF-8.
 class RepairedUtf8 final : public QIODevice {
 public:
     explicit RepairedUtf8(QIODevice &source)
@@ -283,7 +284,6 @@ public:
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
         m_stream.setCodec("UTF-8");
 #endif
-        m_stream.setAutoDetectUnicode(false);
         // The stream eats one byte order mark. A second one must not be taken for the first.
         const QByteArray mark("\xEF\xBB\xBF");
         if (source.peek(mark.size()) == mark)
@@ -333,18 +333,11 @@ public:
     }
 };
 
-bool isUtf16(QIODevice &device)
-{
-    const QByteArray head = device.peek(2);
-    return head == "\xFF\xFE" || head == "\xFE\xFF" || head.contains('\0');
-}
-
-bool isUtf8(QIODevice &device, const QString &declaredEncoding)
+bool isUtf8(const QString &declaredEncoding)
 {
     const QString encoding = declaredEncoding.toLower();
-    return (encoding.isEmpty() || encoding == QLatin1String("utf-8")
-               || encoding == QLatin1String("utf8"))
-        && !isUtf16(device);
+    return encoding.isEmpty() || encoding == QLatin1String("utf-8")
+        || encoding == QLatin1String("utf8");
 }
 
 bool finish(ShootingWalk &walk, PapywizardShooting &shooting, const FindingSink &findings)
@@ -381,7 +374,7 @@ bool readShooting(QIODevice &device, PapywizardShooting &shooting, const Finding
         return refuse(strict, findings);
 
     std::optional<RepairedUtf8> repaired;
-    if (isUtf8(device, strict.declaredEncoding()))
+    if (isUtf8(strict.declaredEncoding()))
         repaired.emplace(device);
     VanishingEntities entities;
     ShootingWalk lenient(repaired ? *repaired : device, wantsFindings);

@@ -507,9 +507,11 @@ void tst_ShootingFile::pardons_data()
         far + QChar(0xFFFD));
     row("good and bad across chunks, two bytes shifted", inTitle('a' + far.toUtf8() + "\xE9"),
         QLatin1Char('a') + far + QChar(0xFFFD));
-    row("pairs of surrogates across chunks",
-        inTitle('a' + QByteArray("\xF0\x9F\x98\x80").repeated(9000) + "\xE9"),
-        QLatin1Char('a') + QString::fromUtf8("\xF0\x9F\x98\x80").repeated(9000) + QChar(0xFFFD));
+    const QByteArray smile("\xF0\x9F\x98\x80");
+    const QString smiles = QString::fromUtf8(smile).repeated(9000);
+    row("surrogates across chunks", inTitle(smile.repeated(9000) + "\xE9"), smiles + QChar(0xFFFD));
+    row("surrogates across chunks, shifted", inTitle('a' + smile.repeated(9000) + "\xE9"),
+        QLatin1Char('a') + smiles + QChar(0xFFFD));
     row("undefined entity", inTitle("caf&eacute; &nbsp;"), QStringLiteral("caf"));
     row("undefined entity in an attribute",
         "<r><header x='&eacute;'><general><title>a</title></general></header></r>",
@@ -550,15 +552,15 @@ void tst_ShootingFile::findings_data()
     row("missing is not bad", inPict("<position/><time>  </time>"), {});
     row("each with its line",
         "<r>\n<shoot>\n<pict id='a' bracket='1.0'>\n<position yaw='12,5' pitch='1e400'/>\n"
-        "<time>\nnever\n</time></pict></shoot>\n<header><lens>\n<focal>18 mm</focal></lens>"
+        "<time>\nnever\n</time></pict></shoot>\n<header><lens>\n<focal>\n 18 mm </focal></lens>"
         "<camera><sensor coef=''/>\n<bracketing nbPicts='x'/></camera></header></r>",
         {QStringLiteral("3 NotANumber id \"a\""), QStringLiteral("3 NotANumber bracket \"1.0\""),
             QStringLiteral("4 NotANumber yaw \"12,5\""),
             QStringLiteral("4 NotANumber pitch \"1e400\""),
             QStringLiteral("5 NotADate time \"never\""),
             QStringLiteral("9 NotANumber focal \"18 mm\""),
-            QStringLiteral("9 NotANumber coef \"\""),
-            QStringLiteral("10 NotANumber nbPicts \"x\"")});
+            QStringLiteral("10 NotANumber coef \"\""),
+            QStringLiteral("11 NotANumber nbPicts \"x\"")});
     row("no shots", "<r><header/></r>", {noShots});
     row("what is not read is not judged", "<r><preset><pict id='x'/></preset><pict id='x'/></r>",
         {noShots});
