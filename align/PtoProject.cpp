@@ -14,9 +14,9 @@
 
 namespace {
 
-/// \a value with at most \a decimals, no exponent and no trailing zeros. Five make whole degrees of
-/// a record's 32-bit radians whole again.
-QByteArray decimal(double value, int decimals = 5)
+/// \a value with at most \a decimals, no exponent and no trailing zeros. Four make degrees that
+/// were whole in the head's file whole again, and are less than a tenth of a pixel of any picture.
+QByteArray decimal(double value, int decimals = 4)
 {
     QByteArray text = QByteArray::number(value, 'f', decimals);
     while (text.endsWith('0'))

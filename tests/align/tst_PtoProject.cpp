@@ -245,8 +245,8 @@ private slots:
         QTest::addColumn<QString>("places");
 
         // 36 mm make 900 pixels here: 53.1301 degrees across and 36.8699 down, half of it a step.
-        const QString right = QStringLiteral("26.56505");
-        const QString half = QStringLiteral("9.21747");
+        const QString right = QStringLiteral("26.5651");
+        const QString half = QStringLiteral("9.2175");
         const auto places = [&](const char *pattern) {
             return QString::fromLatin1(pattern)
                 .replace(QLatin1Char('X'), right)
@@ -262,8 +262,8 @@ private slots:
             << 1 << true << 1 << places("-120 Y/0 Y/120 Y/-120 -Y/0 -Y/120 -Y");
         QTest::newRow("upright by tag")
             << 1 << false << 6
-            << QStringLiteral("-18.43495 13.28253/0 13.28253/18.43495 13.28253/"
-                              "-18.43495 -13.28253/0 -13.28253/18.43495 -13.28253");
+            << QStringLiteral("-18.4349 13.2825/0 13.2825/18.4349 13.2825/"
+                              "-18.4349 -13.2825/0 -13.2825/18.4349 -13.2825");
     }
     void grids()
     {
