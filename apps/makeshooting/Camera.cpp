@@ -39,7 +39,9 @@ Vector Camera::ray(double x, double y) const
 {
     double right = x - size.width() / 2.0;
     double up = size.height() / 2.0 - y;
-    double radius = std::hypot(right, up);
+    if (lens == Lens::Rectilinear && distortion == 0)
+        return normalised({right, up, focal});
+    double radius = std::sqrt(right * right + up * up);
     if (distortion != 0 && radius > 0) {
         const double ideal = undistorted(radius);
         right *= ideal / radius;

@@ -71,17 +71,17 @@ inline float noise(quint32 seed, float x, float y)
     const auto fade = [](float t) { return t * t * t * (t * (t * 6.0F - 15.0F) + 10.0F); };
     const float fx = fade(x - static_cast<float>(ix));
     const float fy = fade(y - static_cast<float>(iy));
-    const auto lattice = [seed](int a, int b) {
-        quint32 h
-            = seed + 0x9e3779b9U * static_cast<quint32>(a) + 0x85ebca6bU * static_cast<quint32>(b);
-        h ^= h >> 15;
-        h *= 0x2c1b3c6dU;
-        h ^= h >> 13;
-        h *= 0x297a2d39U;
-        return static_cast<float>(h >> 8) / 16777216.0F;
+    const quint32 left = seed + 0x9e3779b9U * static_cast<quint32>(ix);
+    const quint32 low = 0x85ebca6bU * static_cast<quint32>(iy);
+    const auto lattice = [](quint32 h) {
+        h = (h ^ h >> 15) * 0x2c1b3c6dU;
+        h = (h ^ h >> 13) * 0x297a2d39U;
+        return static_cast<float>(static_cast<qint32>(h >> 8)) * (1.0F / 16777216.0F);
     };
-    return mix(mix(lattice(ix, iy), lattice(ix + 1, iy), fx),
-        mix(lattice(ix, iy + 1), lattice(ix + 1, iy + 1), fx), fy);
+    constexpr quint32 kRight = 0x9e3779b9U;
+    constexpr quint32 kHigh = 0x85ebca6bU;
+    return mix(mix(lattice(left + low), lattice(left + kRight + low), fx),
+        mix(lattice(left + low + kHigh), lattice(left + kRight + low + kHigh), fx), fy);
 }
 
 /// Sum of noise at doubling frequencies and halving strengths, in about 0..1 round 0.5. Frequencies

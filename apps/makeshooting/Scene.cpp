@@ -27,7 +27,7 @@ constexpr Colour kHaze{0.62F, 0.68F, 0.74F};
 constexpr Colour kDark{0.035F, 0.035F, 0.045F};
 constexpr Colour kCream{0.82F, 0.76F, 0.62F};
 
-enum Kind : int { Facade = 1, Backdrop, Tree, Stone, Flower, Balloons };
+enum Kind : int { kFacade = 1, kBackdrop, kTree, kStone, kFlower, kBalloon, kSwallow };
 
 Colour mix(const Colour &a, const Colour &b, float t)
 {
@@ -123,9 +123,9 @@ void Scene::makeBalloons()
 {
     static constexpr Colour kColours[] = {{0.80F, 0.10F, 0.08F}, {0.90F, 0.55F, 0.05F},
         {0.10F, 0.30F, 0.70F}, {0.15F, 0.50F, 0.20F}, {0.55F, 0.12F, 0.45F}, {0.85F, 0.80F, 0.20F}};
-    constexpr int kCount = 18;
+    constexpr int kCount = 34;
     for (int i = 0; i < kCount; ++i) {
-        const quint32 hash = scramble(m_options.seed, Balloons, i);
+        const quint32 hash = scramble(m_options.seed, kBalloon, i);
         // The golden angle spreads them over the turn, equal steps of height over the sky.
         const double azimuth = 2.39996 * i + fraction(hash);
         const double height = 0.42 + 0.55 * (i + 0.5 * fraction(hash, 1)) / kCount;
@@ -138,7 +138,15 @@ void Scene::makeBalloons()
         balloon.colour = kColours[scramble(hash, 4) % std::size(kColours)];
         balloon.stripe = i % 3 == 0 ? kCream : kColours[scramble(hash, 5) % std::size(kColours)];
         balloon.stripes = 6 + static_cast<int>(scramble(hash, 6) % 5);
-        m_balloons.push_back(balloon);
+        for (std::size_t cell = 0; cell < m_balloonsAbove.size(); ++cell) {
+            const double dx = balloon.centre.x
+                - (static_cast<double>(cell % kCells) + 0.5) * 2.0 / kCells + 1.0;
+            const double dz = balloon.centre.z
+                - (static_cast<double>(cell / kCells) + 0.5) * 2.0 / kCells + 1.0;
+            // Half a cell's diagonal and a balloon with its basket.
+            if (std::hypot(dx, dz) < 1.5 / kCells + 2.0 * static_cast<double>(balloon.radius))
+                m_balloonsAbove[cell].push_back(balloon);
+        }
     }
 }
 
@@ -177,45 +185,77 @@ Colour Scene::sky(const View &view) const
     const float k = 1.0F / (view.y + 0.22F);
     const float px = view.x * k;
     const float py = view.z * k;
-    if (view.y > m_plainSkyFrom) {
-        if (!m_options.blurredSky)
-            return plain;
+    // Clouds thin out below the plain part, so that it has no border to recognise.
+    const float clear
+        = m_plainSkyFrom > 1 ? 0 : smoothStep(m_plainSkyFrom - 0.09F, m_plainSkyFrom, view.y);
+    Colour colour = plain;
+    if (m_options.blurredSky && clear > 0) {
         const float patch = fractalNoise(m_options.seed + 900, px * 3.0F, py * 3.0F, 0, 2);
-        return plain + Colour{0.25F, 0.22F, 0.18F} * (patch - 0.4F);
+        colour = colour + Colour{0.25F, 0.22F, 0.18F} * ((patch - 0.4F) * clear);
     }
+    if (clear >= 1)
+        return colour;
 
     const auto towardsSun = static_cast<float>(dot(view.direction, m_sun));
     const float s = std::max(towardsSun, 0.0F);
     const float s4 = s * s * s * s;
     const float s16 = s4 * s4 * s4 * s4;
     const float s64 = s16 * s16 * s16 * s16;
-    Colour colour = plain + Colour{0.30F, 0.22F, 0.10F} * (0.5F * s4 * s4)
-        + Colour{0.8F, 0.65F, 0.35F} * (s64 * s64);
-    if (towardsSun > 0.99965F)
+    const Colour glow
+        = Colour{0.30F, 0.22F, 0.10F} * (0.5F * s4 * s4) + Colour{0.8F, 0.65F, 0.35F} * (s64 * s64);
+    colour = colour + glow * (1.0F - clear);
+    if (towardsSun > 0.99965F && clear <= 0)
         return {6, 5.6F, 4.6F};
 
     const float footprint = m_detail * k * std::max(k, 1.0F);
+    if (swallow(px * 11.0F, py * 11.0F))
+        return mix(kDark, colour, clear);
     // High streaks, stretched along the wind, and below them heaps, lit from the sun's side.
     const float streak = fractalNoise(
-        m_options.seed + 300, px * 2.2F + py, (py - px * 0.4F) * 7.0F, footprint * 8.0F, 5);
-    colour = mix(colour, {0.86F, 0.88F, 0.92F}, 0.75F * smoothStep(0.42F, 0.85F, streak));
+        m_options.seed + 300, px * 2.2F + py, (py - px * 0.4F) * 7.0F, footprint * 8.0F, 6);
+    colour = mix(
+        colour, {0.86F, 0.88F, 0.92F}, 0.75F * smoothStep(0.42F, 0.85F, streak) * (1.0F - clear));
     const float bend = noise(m_options.seed + 400, px * 1.1F, py * 1.1F);
     const float x = px * 2.3F + bend;
     const float y = py * 2.3F - bend;
     const float heap = fractalNoise(m_options.seed + 500, x, y, footprint * 2.8F, 7);
-    const float cover = smoothStep(0.52F, 0.64F, heap);
+    const float cover = smoothStep(0.52F, 0.62F, heap) * (1.0F - clear);
     if (cover <= 0)
         return colour;
     const float lit = fractalNoise(m_options.seed + 500, x + 0.16F * static_cast<float>(m_sun.x),
-        y + 0.16F * static_cast<float>(m_sun.z), footprint * 2.8F, 5);
-    const float shade = clamp01(0.62F + 3.2F * (heap - lit) - 0.9F * (heap - 0.6F));
+        y + 0.16F * static_cast<float>(m_sun.z), footprint * 2.8F, 4);
+    const float puffs
+        = fractalNoise(m_options.seed + 600, x * 11.0F, y * 11.0F, footprint * 31.0F, 3);
+    const float shade
+        = clamp01(0.60F + 3.2F * (heap - lit) - 0.9F * (heap - 0.6F) + 0.8F * (puffs - 0.5F));
     const Colour cloud = mix({0.36F, 0.41F, 0.50F}, {0.97F, 0.94F, 0.89F}, shade);
     return mix(colour, cloud, cover * 0.96F);
 }
 
+/// Birds on a plane above: at most one in each cell of a lattice, each heading its own way.
+bool Scene::swallow(float x, float y) const
+{
+    const quint32 hash = scramble(scramble(m_options.seed, kSwallow, floorInt(x)), floorInt(y));
+    if (fraction(hash) > 0.55F)
+        return false;
+    const float dx = x - std::floor(x) - 0.3F - 0.4F * fraction(hash, 1);
+    const float dy = y - std::floor(y) - 0.3F - 0.4F * fraction(hash, 2);
+    const float span = 0.035F + 0.05F * fraction(hash, 3);
+    if (dx * dx + dy * dy > span * span)
+        return false;
+    const float heading = kTurn * fraction(hash, 4);
+    const float across = std::abs(dx * std::cos(heading) - dy * std::sin(heading)) / span;
+    const float along = (dx * std::sin(heading) + dy * std::cos(heading)) / span;
+    const bool wing = std::abs(along - 0.45F * across * across + 0.1F) < 0.16F * (1.15F - across);
+    const bool body = across < 0.09F && along < 0.25F;
+    return wing || body;
+}
+
 bool Scene::balloons(const View &view, Colour &colour) const
 {
-    for (const Balloon &balloon : m_balloons) {
+    const auto cellOf
+        = [](float v) { return static_cast<std::size_t>((v + 1.0F) * 0.4999F * kCells); };
+    for (const Balloon &balloon : m_balloonsAbove[cellOf(view.z) * kCells + cellOf(view.x)]) {
         const auto ahead = static_cast<float>(dot(balloon.centre, view.direction));
         if (ahead < 0.98F)
             continue;
@@ -301,7 +341,7 @@ bool Scene::houses(const View &view, bool front, Colour &colour) const
     const int count = front ? 48 : 84;
     const Cell house(view.turn, count);
     const quint32 hash
-        = view.cellHash(m_options.seed, front ? Facade : Backdrop, house.index, count);
+        = view.cellHash(m_options.seed, front ? kFacade : kBackdrop, house.index, count);
     if (front && fraction(hash) < 0.24F)
         return false; // a gap through which one sees the row behind
     const float width = kTurn / static_cast<float>(count);
@@ -444,7 +484,7 @@ bool Scene::trees(const View &view, Colour &colour) const
     if (!within(view.tangent, kTreeBase - 0.01F, 0.085F))
         return false;
     const Cell cell(view.turn, kCount);
-    const quint32 hash = view.cellHash(m_options.seed, Tree, cell.index, kCount);
+    const quint32 hash = view.cellHash(m_options.seed, kTree, cell.index, kCount);
     if (fraction(hash) > 0.42F)
         return false;
     constexpr float kWidth = kTurn / kCount;
@@ -483,13 +523,15 @@ Colour Scene::ground(const View &view) const
         return colour;
     const float grain
         = fractalNoise(m_options.seed + 100, x * 9.0F + 500, y * 9.0F + 500, footprint * 9.0F, 5);
+    const float speckle
+        = fractalNoise(m_options.seed + 105, x * 40.0F, y * 40.0F, footprint * 40.0F, 3);
     const float spot = noise(m_options.seed + 110, x * 0.35F + 50, y * 0.35F + 50);
     const float spoke
         = std::abs(view.turn * 8.0F - std::floor(view.turn * 8.0F) - 0.5F) / 8.0F * kTurn * radius;
     const bool lawn = within(radius, 4.6F, 9.2F) && spoke > 0.75F;
     const bool farLawn = radius > 13.6F;
     if (!lawn && !farLawn)
-        return paving(view, radius) * (0.72F + 0.56F * grain);
+        return paving(view, radius) * ((0.72F + 0.56F * grain) * (0.72F + 0.56F * speckle));
     const float blades
         = fractalNoise(m_options.seed + 120, x * 26.0F, y * 26.0F, footprint * 26.0F, 3);
     colour = mix({0.07F, 0.17F, 0.03F}, {0.27F, 0.40F, 0.09F}, 0.55F * grain + 0.45F * blades)
@@ -501,7 +543,7 @@ Colour Scene::ground(const View &view) const
     // Flowers: one point in each cell of a lattice, with a random place and size.
     const float fx = x * 3.2F + 200;
     const float fy = y * 3.2F + 200;
-    const quint32 hash = scramble(scramble(m_options.seed, Flower, floorInt(fx)), floorInt(fy));
+    const quint32 hash = scramble(scramble(m_options.seed, kFlower, floorInt(fx)), floorInt(fy));
     const float dx = fx - std::floor(fx) - 0.3F - 0.4F * fraction(hash);
     const float dy = fy - std::floor(fy) - 0.3F - 0.4F * fraction(hash, 1);
     const float size = 0.10F + 0.16F * fraction(hash, 2);
@@ -514,29 +556,45 @@ Colour Scene::ground(const View &view) const
                                          : kPetals[scramble(hash, 4) % std::size(kPetals)];
 }
 
+/// The stone that covers a place, of rings of stones round the viewer.
+struct Scene::Stone {
+    /// Rings of \a height, each of stones about \a length long.
+    Stone(const View &view, quint32 seed, float radius, float height, float length)
+    {
+        const Cell ring(radius / (height * 128.0F), 128);
+        row = ring.index;
+        const float around = kTurn * height * (static_cast<float>(row) + 0.5F);
+        const int count
+            = kRepeats * std::max(1, static_cast<int>(around / length / kRepeats + 0.5F));
+        const float turn = view.turn + (row % 2 == 0 ? 0.0F : 0.5F / static_cast<float>(count));
+        const Cell stone(turn - std::floor(turn), count);
+        hash = view.cellHash(seed, kStone, stone.index, count, row);
+        const float side
+            = std::min(stone.rest, 1.0F - stone.rest) * around / static_cast<float>(count);
+        joint = std::min(std::min(ring.rest, 1.0F - ring.rest) * height, side);
+    }
+
+    /// Darkens by the joint of \a width. One thinner than a pixel darkens by its share.
+    float shade(float width, float footprint) const
+    {
+        const float seen = std::max(width, footprint);
+        return 1.0F - 0.6F * (width / seen) * (1.0F - smoothStep(0.6F * seen, seen, joint));
+    }
+
+    int row;
+    quint32 hash;
+    /// Distance from the stone's nearest edge.
+    float joint;
+};
+
 Colour Scene::paving(const View &view, float radius) const
 {
-    constexpr float kRow = 0.42F;
-    const Cell row(radius / (kRow * 128.0F), 128);
-    const int stones
-        = 12 * std::max(1, static_cast<int>(static_cast<float>(row.index) * 0.62F + 0.5F));
-    const float shift = row.index % 2 == 0 ? 0.0F : 0.5F / static_cast<float>(stones);
-    const float turn = view.turn + shift;
-    const Cell stone(turn - std::floor(turn), stones);
-    const quint32 hash = view.cellHash(m_options.seed, Stone, stone.index, stones, row.index);
-    const bool dark = row.index % 5 == 4;
-    Colour colour = mix({0.46F, 0.42F, 0.37F}, {0.62F, 0.52F, 0.42F}, fraction(hash, 1))
-        * (0.62F + 0.5F * fraction(hash));
-    if (dark)
+    const Stone stone(view, m_options.seed, radius, 0.42F, 0.68F);
+    Colour colour = mix({0.46F, 0.42F, 0.37F}, {0.62F, 0.52F, 0.42F}, fraction(stone.hash, 1))
+        * (0.62F + 0.5F * fraction(stone.hash));
+    if (stone.row % 5 == 4)
         colour = colour * 0.55F;
-    const float side
-        = std::min(stone.rest, 1.0F - stone.rest) * kTurn * radius / static_cast<float>(stones);
-    const float joint = std::min(std::min(row.rest, 1.0F - row.rest) * kRow, side);
-    const float footprint = m_detail * (1.0F + radius * radius);
-    // Far joints are thinner than a pixel: they darken it by their share.
-    const float width = std::max(0.016F, footprint);
-    return colour
-        * (1.0F - 0.6F * (0.016F / width) * (1.0F - smoothStep(0.6F * width, width, joint)));
+    return colour * stone.shade(0.016F, m_detail * (1.0F + radius * radius));
 }
 
 bool Scene::compassRose(const View &view, float radius, Colour &colour) const
@@ -582,9 +640,14 @@ bool Scene::compassRose(const View &view, float radius, Colour &colour) const
         && glyphCovers(kLetters[point / 2 % 4], across / 0.36F + 0.5F, (1.62F - along) / 0.36F)) {
         colour = inlay * marble;
     } else {
+        static constexpr Colour kTiles[] = {{0.62F, 0.52F, 0.38F}, {0.44F, 0.30F, 0.22F},
+            {0.72F, 0.66F, 0.54F}, {0.30F, 0.36F, 0.40F}, {0.54F, 0.44F, 0.32F}};
+        const Stone tile(view, m_options.seed + 1, radius, 0.055F, 0.055F);
         const bool ring = within(radius, 0.62F, 0.66F) || radius > 1.70F;
-        colour = (ring ? inlay : mix(light, {0.55F, 0.45F, 0.34F}, radius < 0.64F ? 0.2F : 0.75F))
-            * marble;
+        const Colour mosaic = mix(kTiles[scramble(tile.hash, 1) % std::size(kTiles)], light,
+            radius < 0.64F ? 0.65F : 0.1F);
+        colour = ring ? inlay * marble
+                      : mosaic * ((0.3F + 0.7F * marble) * tile.shade(0.005F, m_detail));
     }
     return true;
 }

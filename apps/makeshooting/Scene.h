@@ -6,6 +6,7 @@
 #include "apps/makeshooting/Vector.h"
 
 #include <QtGlobal>
+#include <array>
 #include <vector>
 
 namespace makeshooting {
@@ -52,6 +53,7 @@ public:
 
 private:
     struct View;
+    struct Stone;
     struct Balloon {
         Vector centre;
         Vector right;
@@ -64,6 +66,7 @@ private:
 
     Colour plainSky(float height) const;
     Colour sky(const View &view) const;
+    bool swallow(float x, float y) const;
     bool balloons(const View &view, Colour &colour) const;
     bool mountains(const View &view, Colour &colour) const;
     bool hills(const View &view, Colour &colour) const;
@@ -79,7 +82,9 @@ private:
     float m_detail;
     float m_plainSkyFrom;
     Vector m_sun;
-    std::vector<Balloon> m_balloons;
+    /// By the part of the ground that they hang over, so that a place looks at few.
+    static constexpr std::size_t kCells = 12;
+    std::array<std::vector<Balloon>, kCells * kCells> m_balloonsAbove;
 };
 
 } // namespace makeshooting
