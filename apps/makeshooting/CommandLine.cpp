@@ -3,12 +3,20 @@
 
 #include "apps/makeshooting/CommandLine.h"
 
+#include "apps/makeshooting/HeadFiles.h"
+
 #include <QCommandLineParser>
 #include <cmath>
 
 namespace makeshooting {
 
 namespace {
+
+constexpr double kShortestFocal = 1;
+constexpr double kLongestFocal = 5000;
+constexpr double kLeastCrop = 0.1;
+constexpr double kMostCrop = 10;
+constexpr qint64 kMostPictures = 200000;
 
 template <typename Value> struct Named {
     const char *name;
@@ -170,6 +178,8 @@ void declare(Options &options)
     options.add("rows", "Rows of a grid (default 3).", "n");
     options.add("columns", "Columns of a grid (default 12).", "n");
     options.add("sphere", "As many rows and columns as the full sphere needs.");
+    options.add("from",
+        "The positions of this XML shooting file or Clauss script, which is copied.", "file");
     options.add("full-turn", "The columns go once round; else the overlap sets them apart.");
     options.add("overlap", "Overlap of neighbours (default 30).", "percent");
     options.add("yaw-range", "Yaw of the first and last column.", "from,to");
@@ -201,6 +211,42 @@ void declare(Options &options)
     options.add("head-offset", "Offset of all pictures from the head's positions.", "yaw,pitch");
     options.add("focal-error", "How much longer than stated the focal length is.", "percent");
     options.add("distortion", "Third-power radial distortion, barrel below 0.", "b");
+}
+
+/// Takes what the file at \a path says, as far as the command line does not say otherwise.
+void takeHeadFile(Options &options, const QString &path, ShootingOptions &shooting)
+{
+    for (const char *other : {"rows", "columns", "sphere", "full-turn", "overlap", "yaw-range",
+             "pitch-range", "order", "head-step"}) {
+        if (options.isSet(other))
+            options.complain(
+                QStringLiteral("--%1 and --from exclude each other").arg(QLatin1String(other)));
+    }
+    QString error;
+    const std::optional<GivenHeadFile> given = readHeadFile(path, &error);
+    if (!given)
+        return options.complain(error);
+    shooting.positions = given->positions;
+    shooting.givenFile = given->file;
+    if (given->format == HeadFormat::Clauss || !options.isSet("format"))
+        shooting.format = given->format;
+    if (!options.isSet("focal"))
+        shooting.focal = given->focal;
+    if (!(shooting.focal >= kShortestFocal && shooting.focal <= kLongestFocal))
+        options.complain(QStringLiteral("%1: gives no focal length; --focal does").arg(path));
+    if (!options.isSet("crop") && given->crop >= kLeastCrop && given->crop <= kMostCrop)
+        shooting.crop = given->crop;
+    if (!options.isSet("brackets"))
+        shooting.brackets = given->brackets;
+    if (given->positions.size() % shooting.brackets != 0)
+        options.complain(QStringLiteral("%1: %2 shots are no multiple of %3 brackets")
+                             .arg(path)
+                             .arg(given->positions.size())
+                             .arg(shooting.brackets));
+    if (given->fisheye && !options.isSet("lens"))
+        shooting.lens = Lens::Fisheye;
+    if (given->portrait && !options.isSet("portrait"))
+        shooting.mounting = Mounting::PortraitByTag;
 }
 
 } // namespace
@@ -240,8 +286,8 @@ CommandLine parseCommandLine(const QStringList &arguments)
     options.read("head-step", shooting.headStep, 1e-6, 90);
     options.read("size", shooting.size, 20000);
     options.read("lens", shooting.lens, kLenses);
-    options.read("focal", shooting.focal, 1, 5000);
-    options.read("crop", shooting.crop, 0.1, 10);
+    options.read("focal", shooting.focal, kShortestFocal, kLongestFocal);
+    options.read("crop", shooting.crop, kLeastCrop, kMostCrop);
     options.read("portrait", shooting.mounting, kPortraits);
     options.read("brackets", shooting.brackets, 1, 99);
     options.read("bracket-step", shooting.bracketStep, -5, 5);
@@ -265,8 +311,11 @@ CommandLine parseCommandLine(const QStringList &arguments)
 
     if (shooting.sphere && shooting.format == HeadFormat::Gigapan)
         options.complain(QStringLiteral("--sphere makes no grid, but --format gigapan needs one"));
-    if (qint64(shooting.rows) * shooting.columns * shooting.brackets > 200000)
-        options.complain(QStringLiteral("more than 200000 pictures"));
+    if (options.isSet("from"))
+        takeHeadFile(options, options.text("from"), shooting);
+    const qint64 locations = qint64(shooting.rows) * shooting.columns;
+    if (std::max(locations * shooting.brackets, qint64(shooting.positions.size())) > kMostPictures)
+        options.complain(QStringLiteral("more than %1 pictures").arg(kMostPictures));
     if (result.output.isEmpty() && result.scene.isEmpty())
         options.complain(QStringLiteral("--output is missing"));
     result.error = options.error();

@@ -3,12 +3,20 @@
 
 #include "apps/makeshooting/HeadFiles.h"
 
+#include "clauss/ClaussScript.h"
+#include "papywizard/ShootingFile.h"
+
+#include <QBuffer>
+#include <QFile>
 #include <QLocale>
 #include <QXmlStreamWriter>
 
 namespace makeshooting {
 
 namespace {
+
+const QLatin1String kXmlName("shooting.xml");
+const QLatin1String kScriptName("script.txt");
 
 QString number(double value, int decimals)
 {
@@ -161,20 +169,85 @@ QByteArray claussScript(const Shooting &shooting)
     return script.toLatin1();
 }
 
+bool looksLikeXml(const QByteArray &content)
+{
+    for (const char *mark : {"\xff\xfe", "\xfe\xff", "\xef\xbb\xbf"}) {
+        if (content.startsWith(mark))
+            return true;
+    }
+    return content.trimmed().startsWith('<');
+}
+
+QVector<Position> positionsOf(const QVector<HeadShot> &shots)
+{
+    QVector<Position> positions;
+    for (const HeadShot &shot : shots)
+        positions.append({static_cast<double>(shot.yaw), static_cast<double>(shot.pitch)});
+    return positions;
+}
+
+bool readXml(GivenHeadFile &given)
+{
+    PapywizardShooting shooting;
+    QBuffer buffer(&given.file.content);
+    if (!buffer.open(QIODevice::ReadOnly) || !readShooting(buffer, shooting))
+        return false;
+    given.file.name = kXmlName;
+    given.positions = positionsOf(shooting.shots);
+    given.focal = shooting.focal;
+    given.crop = shooting.sensorCoef;
+    given.brackets = std::max(1, shooting.bracketCount);
+    given.fisheye = shooting.fisheye;
+    given.portrait = shooting.portrait;
+    return true;
+}
+
+bool readScript(GivenHeadFile &given)
+{
+    const ClaussScript script = readClaussScript(given.file.content, true);
+    given.format = HeadFormat::Clauss;
+    given.file.name = kScriptName;
+    given.positions = positionsOf(script.shots);
+    return script.valid;
+}
+
 } // namespace
 
 HeadFile headFile(const Shooting &shooting)
 {
+    if (!shooting.options.positions.isEmpty())
+        return shooting.options.givenFile;
     switch (shooting.options.format) {
     case HeadFormat::Papywizard:
     case HeadFormat::VRDrive2:
-        return {QStringLiteral("shooting.xml"), ShootingXml(shooting).write()};
+        return {kXmlName, ShootingXml(shooting).write()};
     case HeadFormat::Clauss:
-        return {QStringLiteral("script.txt"), claussScript(shooting)};
+        return {kScriptName, claussScript(shooting)};
     case HeadFormat::Gigapan:
         break;
     }
     return {};
+}
+
+std::optional<GivenHeadFile> readHeadFile(const QString &path, QString *error)
+{
+    QFile file(path);
+    GivenHeadFile given;
+    if (!file.open(QIODevice::ReadOnly)) {
+        *error = QStringLiteral("%1: %2").arg(path, file.errorString());
+        return {};
+    }
+    given.file.content = file.readAll();
+    const bool good = looksLikeXml(given.file.content) ? readXml(given) : readScript(given);
+    if (!good) {
+        *error = QStringLiteral("%1: neither an XML shooting file nor a Clauss script").arg(path);
+        return {};
+    }
+    if (given.positions.isEmpty()) {
+        *error = QStringLiteral("%1: holds no shots").arg(path);
+        return {};
+    }
+    return given;
 }
 
 } // namespace makeshooting

@@ -5,17 +5,27 @@
 
 #include "apps/makeshooting/Shooting.h"
 
-#include <QByteArray>
-
 namespace makeshooting {
 
-/// What the head itself leaves behind: "shooting.xml", "script.txt" or, without a name, nothing.
-struct HeadFile {
-    QString name;
-    QByteArray content;
+/// The head's file of \a shooting with its nominal positions: the given one, "shooting.xml" or
+/// "script.txt"; without a name for heads that leave none.
+HeadFile headFile(const Shooting &shooting);
+
+/// What a given head's file says of its shooting.
+struct GivenHeadFile {
+    HeadFormat format = HeadFormat::Papywizard;
+    HeadFile file;
+    QVector<Position> positions;
+    /// Millimetres as on 36 x 24 mm film; 0 or less: the file does not say.
+    double focal = 0;
+    double crop = 1;
+    int brackets = 1;
+    bool fisheye = false;
+    bool portrait = false;
 };
 
-/// The head's file of \a shooting with its nominal positions.
-HeadFile headFile(const Shooting &shooting);
+/// Reads an XML shooting file or a Clauss script, whichever the file at \a path is. Empty, with the
+/// reason in \a error, when it cannot be read or holds no shots.
+std::optional<GivenHeadFile> readHeadFile(const QString &path, QString *error);
 
 } // namespace makeshooting

@@ -11,11 +11,6 @@ namespace makeshooting {
 
 namespace {
 
-struct Position {
-    double yaw = 0;
-    double pitch = 0;
-};
-
 /// Degrees that a level view of the panorama sees in one picture.
 QSizeF viewOf(const ShootingOptions &options)
 {
@@ -118,6 +113,23 @@ QVector<Position> spherePositions(const ShootingOptions &options)
     return positions;
 }
 
+/// One position for each picture that belongs to the shooting.
+QVector<Position> picturePositions(const ShootingOptions &options)
+{
+    if (!options.positions.isEmpty())
+        return options.positions;
+    const double step = stepOf(options);
+    const QVector<Position> locations
+        = options.sphere ? spherePositions(options) : gridPositions(options);
+    QVector<Position> positions;
+    for (const Position &location : locations) {
+        const Position steered{
+            std::round(location.yaw / step) * step, std::round(location.pitch / step) * step};
+        positions += QVector<Position>(options.brackets, steered);
+    }
+    return positions;
+}
+
 /// What the head does to each axis at \a location, in radians.
 Vector headErrorAt(const ShootingOptions &options, int location)
 {
@@ -188,24 +200,17 @@ Shooting planShooting(const ShootingOptions &options)
         }
     };
 
-    QVector<Position> positions
-        = options.sphere ? spherePositions(options) : gridPositions(options);
-    const double step = stepOf(options);
     addStrays(options.ignored, -1 - options.ignored);
-    for (int location = 0; location < positions.size(); ++location) {
-        Position &position = positions[location];
-        position.yaw = std::round(position.yaw / step) * step;
-        position.pitch = std::round(position.pitch / step) * step;
-        for (int bracket = 0; bracket < options.brackets; ++bracket) {
-            Picture picture;
-            picture.location = location;
-            picture.bracket = bracket;
-            picture.nominalYaw = position.yaw;
-            picture.nominalPitch = position.pitch;
-            picture.rotation = trueRotation(options, position, location);
-            picture.ev = (bracket - (options.brackets - 1) / 2.0) * options.bracketStep;
-            add(picture);
-        }
+    const QVector<Position> positions = picturePositions(options);
+    for (int i = 0; i < positions.size(); ++i) {
+        Picture picture;
+        picture.location = i / options.brackets;
+        picture.bracket = i % options.brackets;
+        picture.nominalYaw = positions[i].yaw;
+        picture.nominalPitch = positions[i].pitch;
+        picture.rotation = trueRotation(options, positions[i], picture.location);
+        picture.ev = (picture.bracket - (options.brackets - 1) / 2.0) * options.bracketStep;
+        add(picture);
     }
     addStrays(options.leftOver, positions.size());
     return shooting;

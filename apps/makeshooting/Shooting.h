@@ -7,6 +7,7 @@
 #include "apps/makeshooting/Rotation.h"
 #include "apps/makeshooting/Scene.h"
 
+#include <QByteArray>
 #include <QDateTime>
 #include <QString>
 #include <QVector>
@@ -37,6 +38,18 @@ struct Range {
     double to = 0;
 };
 
+/// Where a head looks, in degrees.
+struct Position {
+    double yaw = 0;
+    double pitch = 0;
+};
+
+/// What a head leaves behind: a name for it and its bytes. Gigapan heads leave nothing.
+struct HeadFile {
+    QString name;
+    QByteArray content;
+};
+
 /// What is wanted. Angles in degrees, yaw to the right, pitch upward.
 struct ShootingOptions {
     HeadFormat format = HeadFormat::Papywizard;
@@ -53,6 +66,9 @@ struct ShootingOptions {
     std::optional<Range> pitchRange;
     /// Positions are multiples of this; 0: what the format's heads do (1 for Clauss, 0.01 for XML).
     double headStep = 0;
+    /// The positions of a given file, one a picture, instead of a grid or sphere, and the file.
+    QVector<Position> positions;
+    HeadFile givenFile;
 
     /// Sensor of a camera held level, in pixels.
     QSize size{900, 600};
