@@ -20,17 +20,29 @@ double Camera::angleOfView(int pixels) const
     return qRadiansToDegrees(2.0 * half);
 }
 
-/// Newton's method; from the seen radius a handful of steps reach the last bit for any lens one
-/// would take pictures with.
+bool Camera::seesItsCorners() const
+{
+    if (distortion >= 0)
+        return true;
+    const double corner
+        = std::hypot(size.width(), size.height()) / std::min(size.width(), size.height());
+    const double turning = std::sqrt((1.0 - distortion) / (-3.0 * distortion));
+    return turning * (distortion * turning * turning + 1.0 - distortion) > 1.02 * corner;
+}
+
+/// Newton's method. It starts below the solution, where barrel distortion bends towards it.
 double Camera::undistorted(double radius) const
 {
     const double unit = std::min(size.width(), size.height()) / 2.0;
     const double seen = radius / unit;
-    double ideal = seen;
-    for (int i = 0; i < 4; ++i) {
-        const double error = ideal * (distortion * ideal * ideal + 1.0 - distortion) - seen;
+    double ideal = distortion < 0 ? seen / (1.0 - distortion) : seen;
+    for (int i = 0; i < 20; ++i) {
         const double slope = 3.0 * distortion * ideal * ideal + 1.0 - distortion;
-        ideal -= error / std::max(slope, 0.1);
+        const double step
+            = (ideal * (distortion * ideal * ideal + 1.0 - distortion) - seen) / slope;
+        ideal -= step;
+        if (std::abs(step) < 1e-9)
+            break;
     }
     return ideal * unit;
 }

@@ -32,6 +32,10 @@ struct Camera {
     /// and top edge, so that the first pixel's middle is (0.5, 0.5).
     Vector ray(double x, double y) const;
 
+    /// False when barrel distortion folds the picture before its corners are reached: no ray falls
+    /// there, and ray() must not be asked for one.
+    bool seesItsCorners() const;
+
     /// Degrees that an ideal lens sees across the width and down the height.
     double horizontalAngle() const { return angleOfView(size.width()); }
     double verticalAngle() const { return angleOfView(size.height()); }

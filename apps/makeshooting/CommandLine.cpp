@@ -313,9 +313,11 @@ CommandLine parseCommandLine(const QStringList &arguments)
         options.complain(QStringLiteral("--sphere makes no grid, but --format gigapan needs one"));
     if (options.isSet("from"))
         takeHeadFile(options, options.text("from"), shooting);
-    const qint64 locations = qint64(shooting.rows) * shooting.columns;
-    if (std::max(locations * shooting.brackets, qint64(shooting.positions.size())) > kMostPictures)
+    if (pictureCount(shooting) > kMostPictures)
         options.complain(QStringLiteral("more than %1 pictures").arg(kMostPictures));
+    if (!trueCamera(shooting).seesItsCorners())
+        options.complain(QStringLiteral("--distortion %1 folds the corners of such pictures")
+                             .arg(shooting.distortion));
     if (result.output.isEmpty() && result.scene.isEmpty())
         options.complain(QStringLiteral("--output is missing"));
     result.error = options.error();

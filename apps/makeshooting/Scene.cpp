@@ -526,8 +526,8 @@ Colour Scene::ground(const View &view) const
     const float speckle
         = fractalNoise(m_options.seed + 105, x * 40.0F, y * 40.0F, footprint * 40.0F, 3);
     const float spot = noise(m_options.seed + 110, x * 0.35F + 50, y * 0.35F + 50);
-    const float spoke
-        = std::abs(view.turn * 8.0F - std::floor(view.turn * 8.0F) - 0.5F) / 8.0F * kTurn * radius;
+    const float bed = view.turn * kRepeats;
+    const float spoke = std::abs(bed - std::floor(bed) - 0.5F) / kRepeats * kTurn * radius;
     const bool lawn = within(radius, 4.6F, 9.2F) && spoke > 0.75F;
     const bool farLawn = radius > 13.6F;
     if (!lawn && !farLawn)

@@ -92,23 +92,38 @@ QVector<Position> gridPositions(const ShootingOptions &options)
     return positions;
 }
 
-/// Rows from the nadir to the zenith; in each as many pictures as its edge towards the horizon
+struct SphereRow {
+    double pitch = 0;
+    int columns = 1;
+};
+
+/// Rows from the zenith to the nadir; in each as many pictures as its edge towards the horizon
 /// needs.
-QVector<Position> spherePositions(const ShootingOptions &options)
+QVector<SphereRow> sphereRows(const ShootingOptions &options)
 {
     const double share = 1.0 - options.overlap / 100.0;
     const QSizeF view = viewOf(options);
     const int gaps = std::max(1, qCeil(180.0 / (view.height() * share)));
     const double step = 180.0 / gaps;
-    QVector<Position> positions;
-    for (int row = gaps; row >= 0; --row) {
+    QVector<SphereRow> rows;
+    rows.append({90, 1});
+    for (int row = gaps - 1; row > 0; --row) {
         const double pitch = -90.0 + step * row;
         const double edge = std::max(0.0, std::abs(pitch) - step / 2);
-        const bool pole = row == 0 || row == gaps;
         const double round = 360.0 * std::cos(qDegreesToRadians(edge));
-        const int columns = pole ? 1 : std::max(3, qCeil(round / (view.width() * share)));
-        for (int column = 0; column < columns; ++column)
-            positions.append({360.0 * column / columns, pitch});
+        rows.append({pitch, std::max(3, qCeil(round / (view.width() * share)))});
+    }
+    rows.append({-90, 1});
+    return rows;
+}
+
+QVector<Position> spherePositions(const ShootingOptions &options)
+{
+    QVector<Position> positions;
+    const QVector<SphereRow> rows = sphereRows(options);
+    for (const SphereRow &row : rows) {
+        for (int column = 0; column < row.columns; ++column)
+            positions.append({360.0 * column / row.columns, row.pitch});
     }
     return positions;
 }
@@ -161,6 +176,28 @@ Camera nominalCamera(const ShootingOptions &options)
     return camera;
 }
 
+Camera trueCamera(const ShootingOptions &options)
+{
+    Camera camera = nominalCamera(options);
+    camera.focal *= 1.0 + options.focalError / 100.0;
+    camera.distortion = options.distortion;
+    return camera;
+}
+
+double pictureCount(const ShootingOptions &options)
+{
+    if (!options.positions.isEmpty())
+        return options.positions.size();
+    double locations = static_cast<double>(options.rows) * options.columns;
+    if (options.sphere) {
+        locations = 0;
+        const QVector<SphereRow> rows = sphereRows(options);
+        for (const SphereRow &row : rows)
+            locations += row.columns;
+    }
+    return locations * options.brackets;
+}
+
 int decimalsOf(const ShootingOptions &options)
 {
     double step = stepOf(options);
@@ -176,9 +213,7 @@ Shooting planShooting(const ShootingOptions &options)
 {
     Shooting shooting;
     shooting.options = options;
-    shooting.camera = nominalCamera(options);
-    shooting.camera.focal *= 1.0 + options.focalError / 100.0;
-    shooting.camera.distortion = options.distortion;
+    shooting.camera = trueCamera(options);
     shooting.options.scene.detail = 1.0 / nominalCamera(options).focal;
 
     QDateTime time(QDate(2024, 6, 21), QTime(10, 0));

@@ -130,6 +130,12 @@ Shooting planShooting(const ShootingOptions &options);
 /// The camera as stated, without errors: by it the head is steered.
 Camera nominalCamera(const ShootingOptions &options);
 
+/// The camera that takes the pictures.
+Camera trueCamera(const ShootingOptions &options);
+
+/// How many pictures belong to the shooting; tells at once, however many they are.
+double pictureCount(const ShootingOptions &options);
+
 /// Digits after the point that positions of this shooting need.
 int decimalsOf(const ShootingOptions &options);
 
