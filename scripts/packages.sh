@@ -5,7 +5,7 @@
 # Sourced by the scripts of the top folder. What the project needs of Debian 12 is listed here, once.
 
 declare -A package_groups=(
-    [build]="cmake ninja-build g++ qtbase5-dev qttools5-dev qttools5-dev-tools libexiv2-dev librsvg2-bin"
+    [build]="cmake ninja-build g++ qtbase5-dev qttools5-dev qttools5-dev-tools libexiv2-dev libqt5svg5-dev librsvg2-bin"
     [test]="hugin-tools fonts-dejavu-core"
     [demo]="hugin-tools enblend fonts-dejavu-core"
     [tsan]="clang libclang-rt-dev"

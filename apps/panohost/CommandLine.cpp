@@ -4,6 +4,7 @@
 #include "apps/panohost/CommandLine.h"
 
 #include "apps/panohost/ImportCommand.h"
+#include "apps/panohost/MapCommand.h"
 #include "apps/panohost/heads/Head.h"
 
 #include <QCoreApplication>
@@ -15,6 +16,7 @@ QString help()
     return QStringLiteral(
                "panohost starts panorama projects from what a motorised head knows.\n\n"
                "  panohost import HEAD ...  make a project of a head's file and pictures\n"
+               "  panohost map RECORD ...   draw where a record's pictures lie\n"
                "  panohost heads            list the heads\n"
                "  panohost --help           show this\n"
                "  panohost --version        show the version\n\n")
@@ -38,6 +40,8 @@ ExitCode runCommandLine(const QStringList &arguments)
     const QStringList rest = arguments.mid(1);
     if (command == QLatin1String("import"))
         return runImport(rest);
+    if (command == QLatin1String("map"))
+        return runMap(rest);
 
     const QHash<QString, QString> answers{
         {QStringLiteral("heads"), listOfHeads()},

@@ -8,5 +8,6 @@
 #include <QStringList>
 
 /// Runs one command and says what came of it. \a arguments are those behind the program's name, at
-/// least one. Needs a QCoreApplication and nothing else: no display, no plug-in module.
+/// least one. Needs a QCoreApplication ("map" a QGuiApplication) and nothing else: no display, no
+/// plug-in module.
 ExitCode runCommandLine(const QStringList &arguments);

@@ -3,10 +3,26 @@
 
 #include "apps/panohost/CommandLine.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
+#include <memory>
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
 #include <QTextCodec>
 #endif
+
+namespace {
+
+/// Most commands need no more than the core, and no platform plug-in either.
+std::unique_ptr<QCoreApplication> makeApplication(int &argc, char **argv)
+{
+    if (argc < 2 || qstrcmp(argv[1], "map") != 0)
+        return std::make_unique<QCoreApplication>(argc, argv);
+    // Letters are drawn without a display, too.
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    return std::make_unique<QGuiApplication>(argc, argv);
+}
+
+} // namespace
 
 int main(int argc, char **argv)
 {
@@ -17,7 +33,7 @@ int main(int argc, char **argv)
     QCoreApplication::setApplicationName(QStringLiteral("panohost"));
     QCoreApplication::setApplicationVersion(QStringLiteral(PANOHOST_VERSION));
 
-    QCoreApplication application(argc, argv);
+    const std::unique_ptr<QCoreApplication> application = makeApplication(argc, argv);
     const QStringList arguments = QCoreApplication::arguments().mid(1);
     return static_cast<int>(
         runCommandLine(arguments.isEmpty() ? QStringList(QStringLiteral("--help")) : arguments));

@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: 2026 The ZPanoHead authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QByteArray>
+
+struct ProjectRecord;
+
+enum class MapFormat { Png, Svg };
+
+/// The map of \a record as a picture file \a width pixels wide, with legend and, where the pictures
+/// are at hand, thumbnails. Needs a QGuiApplication, no display. Empty when it cannot be made (a
+/// width that asks for more memory than there is).
+QByteArray mapFile(const ProjectRecord &record, MapFormat format, int width);
