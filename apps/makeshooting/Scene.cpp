@@ -589,7 +589,7 @@ struct Scene::Stone {
 
 Colour Scene::paving(const View &view, float radius) const
 {
-    const Stone stone(view, m_options.seed, radius, 0.42F, 0.68F);
+    const Stone stone(view, m_options.seed, radius, 0.30F, 0.42F);
     Colour colour = mix({0.46F, 0.42F, 0.37F}, {0.62F, 0.52F, 0.42F}, fraction(stone.hash, 1))
         * (0.62F + 0.5F * fraction(stone.hash));
     if (stone.row % 5 == 4)
