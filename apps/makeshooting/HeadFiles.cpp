@@ -7,7 +7,7 @@
 #include "papywizard/ShootingFile.h"
 
 #include <QBuffer>
-#include <QFile>
+#include <QFileInfo>
 #include <QLocale>
 #include <QXmlStreamWriter>
 
@@ -233,6 +233,10 @@ std::optional<GivenHeadFile> readHeadFile(const QString &path, QString *error)
 {
     QFile file(path);
     GivenHeadFile given;
+    if (QFileInfo(path).exists() && !QFileInfo(path).isFile()) {
+        *error = QStringLiteral("%1: is no file").arg(path); // a device may never end
+        return {};
+    }
     if (!file.open(QIODevice::ReadOnly)) {
         *error = QStringLiteral("%1: %2").arg(path, file.errorString());
         return {};

@@ -391,7 +391,8 @@ void TstShooting::unusableFilesAreRefused()
     write(path, content);
     const CommandLine line = lineOf(QStringLiteral("--output x --from ") + path);
     QVERIFY2(line.error.contains(path) && line.error.contains(reason), qPrintable(line.error));
-    for (const QString &other : {folder.path(), folder.filePath(QStringLiteral("missing"))})
+    for (const QString &other :
+        {folder.path(), folder.filePath(QStringLiteral("missing")), QStringLiteral("/dev/zero")})
         QVERIFY(lineOf(QStringLiteral("--output x --from ") + other).error.contains(other));
 }
 
