@@ -25,4 +25,4 @@ struct Finding {
 };
 
 /// Takes findings while a file is read. Pages pass none; panohost names what it gets.
-using FindingSink = std::function<void(const Finding&)>;
+using FindingSink = std::function<void(const Finding &)>;

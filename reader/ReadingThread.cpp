@@ -8,11 +8,14 @@
 #include <mutex>
 #include <utility>
 
+// No list is shared between the threads: a list looks at its count of owners without synchronising
+// with the one who has just left, and would write where that one's last read may still be due.
+
 namespace {
 constexpr int kBatch = 10;
 } // namespace
 
-ReadingThread::ReadingThread(QObject* parent)
+ReadingThread::ReadingThread(QObject *parent)
     : QThread(parent)
 {
 }
@@ -22,10 +25,11 @@ ReadingThread::~ReadingThread()
     endRun();
 }
 
-void ReadingThread::Read(const QStringList& paths)
+void ReadingThread::Read(const QStringList &paths)
 {
     QStringList queue = paths;
     queue.removeDuplicates();
+    queue.detach();
     {
         const std::lock_guard lock(m_mutex);
         ++m_listNumber;
@@ -40,10 +44,12 @@ void ReadingThread::Read(const QStringList& paths)
     start();
 }
 
-QList<ImageInfo*> ReadingThread::GetResults() const
+QList<ImageInfo *> ReadingThread::GetResults() const
 {
     const std::lock_guard lock(m_mutex);
-    return m_results;
+    QList<ImageInfo *> results = m_results;
+    results.detach();
+    return results;
 }
 
 void ReadingThread::Clear()
@@ -65,14 +71,14 @@ void ReadingThread::endRun()
 
 void ReadingThread::run()
 {
-    ZIApplication* const host = FindApplication();
+    ZIApplication *const host = FindApplication();
     emit Start();
     std::unique_lock lock(m_mutex);
     while (!m_queue.isEmpty()) {
         const QString path = m_queue.takeFirst();
         const quint64 listNumber = m_listNumber;
         lock.unlock();
-        ImageInfo* const info = host ? host->ReadImageInfo(path) : nullptr;
+        ImageInfo *const info = host ? host->ReadImageInfo(path) : nullptr;
         lock.lock();
         if (!info || listNumber != m_listNumber)
             continue;

@@ -21,17 +21,17 @@ class ImageInfo;
 class ReadingThread : public QThread {
     Q_OBJECT
 public:
-    explicit ReadingThread(QObject* parent = nullptr);
+    explicit ReadingThread(QObject *parent = nullptr);
     /// Waits until the picture under way is done.
     ~ReadingThread() override;
 
     /// Starts on \a paths, in their order; a path that occurs twice is read once. What was being
     /// read before is dropped, results included.
-    void Read(const QStringList& paths);
+    void Read(const QStringList &paths);
 
     /// The data of the pictures read so far, in order; an unreadable picture is missing. The host
     /// owns them.
-    QList<ImageInfo*> GetResults() const;
+    QList<ImageInfo *> GetResults() const;
 
 signals:
     /// There are more results, or none any more. Emitted after every tenth result, after the result
@@ -53,7 +53,7 @@ private:
     /// Guards everything below.
     mutable ReaderMutex m_mutex;
     QStringList m_queue;
-    QList<ImageInfo*> m_results;
+    QList<ImageInfo *> m_results;
     /// Counts the lists taken in and dropped, so that a late answer to an old one is recognised.
     quint64 m_listNumber = 0;
     /// A run is due or will look at the queue again. A thread may still be running without it, on

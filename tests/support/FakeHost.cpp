@@ -5,10 +5,11 @@
 
 #include <QFileInfo>
 #include <QThread>
+#include <utility>
 
 namespace {
 
-void demandWindowThread(const char* function)
+void demandWindowThread(const char *function)
 {
     if (QThread::currentThread() != QCoreApplication::instance()->thread())
         qFatal("%s belongs to the window's thread", function);
@@ -16,14 +17,14 @@ void demandWindowThread(const char* function)
 
 } // namespace
 
-FakeImageInfo::FakeImageInfo(FakeHost& host, const QString& path, const FakePicture& picture)
+FakeImageInfo::FakeImageInfo(FakeHost &host, QString path, FakePicture picture)
     : m_host(host)
-    , m_path(path)
-    , m_picture(picture)
+    , m_path(std::move(path))
+    , m_picture(std::move(picture))
 {
 }
 
-const QPixmap& FakeImageInfo::GetThumbnail() const
+const QPixmap &FakeImageInfo::GetThumbnail() const
 {
     demandWindowThread("GetThumbnail");
     m_host.m_thumbnail
@@ -31,9 +32,9 @@ const QPixmap& FakeImageInfo::GetThumbnail() const
     return m_host.m_thumbnail;
 }
 
-FakeHost& FakeHost::instance()
+FakeHost &FakeHost::instance()
 {
-    auto* host = dynamic_cast<FakeHost*>(QCoreApplication::instance());
+    auto *host = dynamic_cast<FakeHost *>(QCoreApplication::instance());
     if (!host)
         qFatal("This test program has no FakeHost: end it with FAKE_HOST_MAIN");
     return *host;
@@ -58,19 +59,19 @@ void FakeHost::reset()
     m_asked.clear();
 }
 
-void FakeHost::setEveryPicture(const FakePicture& picture)
+void FakeHost::setEveryPicture(const FakePicture &picture)
 {
     const std::lock_guard lock(m_mutex);
     m_everyPicture = picture;
 }
 
-void FakeHost::setPicture(const QString& path, const FakePicture& picture)
+void FakeHost::setPicture(const QString &path, const FakePicture &picture)
 {
     const std::lock_guard lock(m_mutex);
     m_pictures.insert(path, picture);
 }
 
-void FakeHost::setUnreadable(const QString& path)
+void FakeHost::setUnreadable(const QString &path)
 {
     const std::lock_guard lock(m_mutex);
     m_unreadable.insert(path);
@@ -79,7 +80,9 @@ void FakeHost::setUnreadable(const QString& path)
 QStringList FakeHost::asked() const
 {
     const std::lock_guard lock(m_mutex);
-    return m_asked;
+    QStringList asked = m_asked;
+    asked.detach(); // a shared list would be written when the other thread lets go of it
+    return asked;
 }
 
 QString FakeHost::GetImagesDirectory()
@@ -88,7 +91,7 @@ QString FakeHost::GetImagesDirectory()
     return imagesDirectory;
 }
 
-void FakeHost::SetImagesDirectory(const QString& path)
+void FakeHost::SetImagesDirectory(const QString &path)
 {
     demandWindowThread("SetImagesDirectory");
     chosenPaths.append(path);
@@ -96,13 +99,13 @@ void FakeHost::SetImagesDirectory(const QString& path)
 }
 
 QVariant FakeHost::GetSetting(
-    const QString& identifier, const QString& key, const QVariant& fallback)
+    const QString &identifier, const QString &key, const QVariant &fallback)
 {
     demandWindowThread("GetSetting");
     return settings.value({identifier, key}, fallback);
 }
 
-void FakeHost::SetSetting(const QString& identifier, const QString& key, const QVariant& value)
+void FakeHost::SetSetting(const QString &identifier, const QString &key, const QVariant &value)
 {
     demandWindowThread("SetSetting");
     settings.insert({identifier, key}, value);
@@ -114,13 +117,13 @@ QLocale FakeHost::GetLocale()
     return locale;
 }
 
-void FakeHost::LoadTranslation(const QString& fileName)
+void FakeHost::LoadTranslation(const QString &fileName)
 {
     demandWindowThread("LoadTranslation");
     translations.append(fileName);
 }
 
-ImageInfo* FakeHost::ReadImageInfo(const QString& path)
+ImageInfo *FakeHost::ReadImageInfo(const QString &path)
 {
     {
         const std::lock_guard lock(m_mutex);
@@ -133,13 +136,13 @@ ImageInfo* FakeHost::ReadImageInfo(const QString& path)
     return &m_infos.emplace_back(*this, path, m_pictures.value(path, m_everyPicture));
 }
 
-void FakeHost::ImportProject(const ProjectRecord& record)
+void FakeHost::ImportProject(const ProjectRecord &record)
 {
     demandWindowThread("ImportProject");
     imported.append(record);
 }
 
-void* FakeHost::GetUiContext()
+void *FakeHost::GetUiContext()
 {
     demandWindowThread("GetUiContext");
     return uiContext;

@@ -33,18 +33,18 @@ struct FakePicture {
 /// What FakeHost::ReadImageInfo() answers; a new one at each call.
 class FakeImageInfo final : public ImageInfo {
 public:
-    FakeImageInfo(FakeHost& host, const QString& path, const FakePicture& picture);
+    FakeImageInfo(FakeHost &host, QString path, FakePicture picture);
 
     /// Ends the test program when it is called in another thread than the window's.
-    const QPixmap& GetThumbnail() const override;
+    const QPixmap &GetThumbnail() const override;
     float GetFocalLength() const override { return m_picture.focal; }
     int GetLensType() const override { return m_picture.lensType; }
     float GetExposure() const override { return m_picture.exposure; }
 
-    const QString& path() const { return m_path; }
+    const QString &path() const { return m_path; }
 
 private:
-    FakeHost& m_host;
+    FakeHost &m_host;
     QString m_path;
     FakePicture m_picture;
 };
@@ -59,11 +59,11 @@ private:
 class FakeHost : public ZIApplication {
 public:
     FakeHost() = default;
-    FakeHost(const FakeHost&) = delete;
-    FakeHost& operator=(const FakeHost&) = delete;
+    FakeHost(const FakeHost &) = delete;
+    FakeHost &operator=(const FakeHost &) = delete;
     ~FakeHost() override = default;
 
-    static FakeHost& instance();
+    static FakeHost &instance();
 
     /// As new. Picture data given out before stays valid, as the contract wants.
     void reset();
@@ -71,14 +71,14 @@ public:
     // What the host answers
     QString imagesDirectory;
     QLocale locale = QLocale::c();
-    void* uiContext = nullptr;
+    void *uiContext = nullptr;
     /// By identifier and key.
     QMap<QPair<QString, QString>, QVariant> settings;
 
     /// What is said of pictures without an entry of their own. Every path is a readable picture.
-    void setEveryPicture(const FakePicture& picture);
-    void setPicture(const QString& path, const FakePicture& picture);
-    void setUnreadable(const QString& path);
+    void setEveryPicture(const FakePicture &picture);
+    void setPicture(const QString &path, const FakePicture &picture);
+    void setUnreadable(const QString &path);
     /// While true FindApplication() finds nothing, as in a program that is no host.
     void setAbsent(bool absent) { m_absent = absent; }
     bool isAbsent() const { return m_absent; }
@@ -92,20 +92,20 @@ public:
     /// Paths given to ReadImageInfo(), in the order of the calls.
     QStringList asked() const;
 
-    /// Where ReadImageInfo() waits after its path stands in asked(). Close it to keep a picture
-    /// under way: gate.close(); reader.Read(paths); QVERIFY(gate.awaitArrival()); ... gate.open();
+    /// Where ReadImageInfo() waits after its path stands in asked(). To keep a picture under way:
+    /// const Gate::Hold hold(gate); reader.Read(paths); QVERIFY(gate.awaitArrival()); ...
     Gate gate;
 
     QString GetImagesDirectory() override;
-    void SetImagesDirectory(const QString& path) override;
+    void SetImagesDirectory(const QString &path) override;
     QVariant GetSetting(
-        const QString& identifier, const QString& key, const QVariant& fallback) override;
-    void SetSetting(const QString& identifier, const QString& key, const QVariant& value) override;
+        const QString &identifier, const QString &key, const QVariant &fallback) override;
+    void SetSetting(const QString &identifier, const QString &key, const QVariant &value) override;
     QLocale GetLocale() override;
-    void LoadTranslation(const QString& fileName) override;
-    ImageInfo* ReadImageInfo(const QString& path) override;
-    void ImportProject(const ProjectRecord& record) override;
-    void* GetUiContext() override;
+    void LoadTranslation(const QString &fileName) override;
+    ImageInfo *ReadImageInfo(const QString &path) override;
+    void ImportProject(const ProjectRecord &record) override;
+    void *GetUiContext() override;
 
 private:
     friend class FakeImageInfo;
@@ -128,17 +128,17 @@ public:
     using Application::Application;
 
     /// As Q_INTERFACES would have it; moc takes no templates.
-    void* qt_metacast(const char* name) override
+    void *qt_metacast(const char *name) override
     {
-        if (qstrcmp(name, qobject_interface_iid<ZIApplication*>()) == 0)
-            return isAbsent() ? nullptr : static_cast<ZIApplication*>(this);
+        if (qstrcmp(name, qobject_interface_iid<ZIApplication *>()) == 0)
+            return isAbsent() ? nullptr : static_cast<ZIApplication *>(this);
         return Application::qt_metacast(name);
     }
 };
 
 /// main() of a test program whose application object, of the class Application, is a FakeHost.
 #define FAKE_HOST_MAIN_WITH(Application, TestClass)                                                \
-    int main(int argc, char** argv)                                                                \
+    int main(int argc, char **argv)                                                                \
     {                                                                                              \
         FakeApplication<Application> application(argc, argv);                                      \
         TestClass test;                                                                            \

@@ -7,14 +7,15 @@
 
 namespace {
 constexpr qint64 kEveryone = std::numeric_limits<qint64>::max();
+constexpr std::chrono::minutes kPatience(1);
 } // namespace
 
-void Gate::enter()
+bool Gate::enter()
 {
     std::unique_lock lock(m_mutex);
     const qint64 place = ++m_arrived;
     m_changed.notify_all();
-    m_changed.wait(lock, [this, place] { return place <= m_allowed; });
+    return m_changed.wait_for(lock, kPatience, [this, place] { return place <= m_allowed; });
 }
 
 void Gate::close()
@@ -41,6 +42,5 @@ void Gate::open()
 bool Gate::awaitArrival()
 {
     std::unique_lock lock(m_mutex);
-    return m_changed.wait_for(
-        lock, std::chrono::minutes(1), [this] { return m_arrived > m_allowed; });
+    return m_changed.wait_for(lock, kPatience, [this] { return m_arrived > m_allowed; });
 }

@@ -8,15 +8,32 @@
 #include <limits>
 #include <mutex>
 
-/// Lets a test stop other threads at a place and let them go on one by one. Open at first.
+/// Lets a test stop other threads at a place and let them go on one by one. Open at first; a
+/// Gate::Hold closes it.
 ///
 /// Built on the standard library, not on Qt: ThreadSanitizer then sees who waits for whom.
 class Gate {
 public:
-    /// Waits here until the test lets this thread through.
-    void enter();
+    /// Keeps a gate closed while it lives. Make it after the reader that is to be held: a test that
+    /// fails then opens the gate before the reader goes, instead of hanging.
+    class Hold {
+    public:
+        explicit Hold(Gate &gate)
+            : m_gate(gate)
+        {
+            m_gate.close();
+        }
+        ~Hold() { m_gate.open(); }
+        Q_DISABLE_COPY(Hold)
 
-    void close();
+    private:
+        Gate &m_gate;
+    };
+
+    /// Waits here until this thread is let through. Goes on all the same, with false, when that did
+    /// not come within a minute: the test then fails instead of hanging.
+    bool enter();
+
     /// Lets the next \a count through, whether or not they have arrived yet. Nothing when open.
     void pass(int count = 1);
     /// Lets everyone through from now on.
@@ -25,6 +42,8 @@ public:
     bool awaitArrival();
 
 private:
+    void close();
+
     std::mutex m_mutex;
     std::condition_variable m_changed;
     qint64 m_arrived = 0;

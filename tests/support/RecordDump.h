@@ -9,4 +9,4 @@ struct ProjectRecord;
 
 /// The whole record as text, a line a member or entry, for QCOMPARE of records. Nothing is rounded
 /// away: 32-bit values have nine digits, doubles seventeen.
-QString dump(const ProjectRecord& record);
+QString dump(const ProjectRecord &record);
