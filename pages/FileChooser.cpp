@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QCompleter>
 #include <QDesktopServices>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFileSystemModel>
@@ -25,7 +26,9 @@ QString folderOf(const QString &path)
 void openFolder(const QString &folder)
 {
     const QString path = folder.isEmpty() ? QDir::currentPath() : folder;
-    QDesktopServices::openUrl(QUrl(QStringLiteral("file:///") + path));
+    // Encoded, lest "#", "?" or "%" in a folder's name be read as parts of an address.
+    QDesktopServices::openUrl(QUrl(QStringLiteral("file:///")
+        + QString::fromLatin1(QUrl::toPercentEncoding(path, QByteArrayLiteral("/:")))));
 }
 
 } // namespace
