@@ -31,6 +31,13 @@ QStringList localFiles(const QMimeData &data)
     return files;
 }
 
+// After a move, which a file manager may propose, it would remove the files.
+void acceptAsCopy(QDropEvent &event)
+{
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
+}
+
 } // namespace
 
 ImportPage::ImportPage(QWidget *parent)
@@ -208,7 +215,7 @@ void ImportPage::changeEvent(QEvent *event)
 void ImportPage::dragEnterEvent(QDragEnterEvent *event)
 {
     if (!localFiles(*event->mimeData()).isEmpty())
-        event->acceptProposedAction();
+        acceptAsCopy(*event);
 }
 
 void ImportPage::dropEvent(QDropEvent *event)
@@ -216,7 +223,7 @@ void ImportPage::dropEvent(QDropEvent *event)
     const QStringList files = localFiles(*event->mimeData());
     if (files.isEmpty())
         return;
-    event->acceptProposedAction();
+    acceptAsCopy(*event);
     takeFiles(files);
 }
 
