@@ -144,14 +144,15 @@ void paintPath(QPainter &painter, const CellPainter &cells, const QVector<QPoint
 {
     if (path.size() < 2)
         return;
-    QPolygonF way;
-    way.reserve(path.size());
-    for (const QPointF &point : path)
-        way << cells.toDevice(point);
+    // Line by line: the outline of one long polyline takes Qt a time that grows with its square.
+    QVector<QLineF> steps;
+    steps.reserve(path.size() - 1);
+    for (int k = 1; k < path.size(); ++k)
+        steps.append({cells.toDevice(path[k - 1]), cells.toDevice(path[k])});
     QColor colour = palette.color(QPalette::Highlight);
     colour.setAlpha(150);
-    painter.setPen(QPen(colour, 2));
-    painter.drawPolyline(way);
+    painter.setPen(QPen(colour, 2, Qt::SolidLine, Qt::FlatCap));
+    painter.drawLines(steps);
 }
 
 } // namespace
