@@ -53,6 +53,7 @@ public:
     CellPainter(QPainter &painter, const PreviewScene &scene, const PreviewCanvas &canvas,
         const QPalette &palette)
         : m_painter(painter)
+        , m_size(canvas.size)
         , m_xFactor(canvas.size.width() / scene.width)
         , m_yFactor(canvas.size.height() / scene.height)
         , m_density(canvas.density)
@@ -62,6 +63,8 @@ public:
 
     void paint(const PreviewCell &cell, const ThumbnailSource &thumbnails)
     {
+        if (!isInside(cell.rect))
+            return;
         const QRect rect = toDevice(cell.rect);
         if (const QPixmap *thumbnail = cell.picture < 0 ? nullptr : thumbnails(cell.picture))
             paintThumbnail(*thumbnail, rect, cell.roll);
@@ -75,6 +78,15 @@ public:
     }
 
 private:
+    // False for places that are no numbers and for those that no whole pixel can stand for.
+    bool isInside(const QRectF &rect) const
+    {
+        const QPointF topLeft = toDevice(rect.topLeft());
+        const QPointF bottomRight = toDevice(rect.bottomRight());
+        return bottomRight.x() >= 0 && bottomRight.y() >= 0 && topLeft.x() <= m_size.width()
+            && topLeft.y() <= m_size.height();
+    }
+
     // Whole pixels, so that a part of the preview can be redrawn without a seam.
     QRect toDevice(const QRectF &rect) const
     {
@@ -133,6 +145,7 @@ private:
     }
 
     QPainter &m_painter;
+    QSize m_size;
     double m_xFactor;
     double m_yFactor;
     double m_density;
