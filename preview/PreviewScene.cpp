@@ -208,7 +208,9 @@ QSize previewSize(const PreviewScene &scene, int zoom)
         return {1, 1};
     if (fit == 1.0)
         return {int(width), int(height)};
-    return {std::max(1, int(width * fit)), std::max(1, int(height * fit))};
+    // Without the last factor rounding would take a pixel off sides that just fit.
+    const auto fitted = [fit](double side) { return std::max(1, int(side * fit * (1 + 1e-12))); };
+    return {fitted(width), fitted(height)};
 }
 
 void paintPreview(QPainter &painter, const PreviewScene &scene, const PreviewCanvas &canvas,
