@@ -46,6 +46,7 @@ void FakeHost::reset()
     locale = QLocale::c();
     uiContext = nullptr;
     settings.clear();
+    settingsAsked.clear();
     setAbsent(false);
     chosenPaths.clear();
     translations.clear();
@@ -102,6 +103,7 @@ QVariant FakeHost::GetSetting(
     const QString &identifier, const QString &key, const QVariant &fallback)
 {
     demandWindowThread("GetSetting");
+    settingsAsked.append({identifier, key, fallback});
     return settings.value({identifier, key}, fallback);
 }
 

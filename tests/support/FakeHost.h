@@ -17,6 +17,7 @@
 #include <QTest>
 #include <atomic>
 #include <deque>
+#include <tuple>
 
 class FakeHost;
 
@@ -84,6 +85,8 @@ public:
     bool isAbsent() const { return m_absent; }
 
     // What the host was told
+    /// Identifiers, keys and fallbacks given to GetSetting().
+    QVector<std::tuple<QString, QString, QVariant>> settingsAsked;
     /// Paths given to SetImagesDirectory().
     QStringList chosenPaths;
     /// File names given to LoadTranslation().
