@@ -363,18 +363,19 @@ void tst_ImportPages::choosesAgainInMidRun()
 {
     QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("old")));
     const QStringList old = makePictures(path(QStringLiteral("old")), 12);
-    PageDriver driver(head().make());
-    host().gate.close();
-    QCOMPARE(driver.drop(old), Qt::CopyAction);
-    QVERIFY(host().gate.awaitArrival());
-
     QStringList files = makePictures(m_folder->path(), 12);
     const QStringList pictures = files;
     if (*head().fileName)
         files.append(makeHeadFile(12));
-    QCOMPARE(driver.drop(files), Qt::CopyAction);
-    QVERIFY(!driver.isComplete());
-    host().gate.open();
+    PageDriver driver(head().make());
+    {
+        const Gate::Hold hold(host().gate);
+        QCOMPARE(driver.drop(old), Qt::CopyAction);
+        QVERIFY(host().gate.awaitArrival());
+        QCOMPARE(driver.drop(files), Qt::CopyAction);
+        QVERIFY(!driver.isComplete());
+    }
+
     QVERIFY(driver.awaitRead(12));
     QVERIFY(driver.isComplete());
     QStringList expected = pictures;
@@ -422,7 +423,7 @@ void tst_ImportPages::unreadablePictures()
 void tst_ImportPages::diesWhileReading()
 {
     auto driver = std::make_unique<PageDriver>(head().make());
-    host().gate.close();
+    const Gate::Hold hold(host().gate);
     driver->drop(picturePaths(QStringLiteral("/p"), 50));
     QVERIFY(host().gate.awaitArrival());
     std::thread opener([] { host().gate.open(); });
