@@ -78,7 +78,8 @@ QByteArray truthPto(const Shooting &shooting)
     const int width = 2 * static_cast<int>(M_PI * camera.focal);
     QByteArray content;
     QTextStream out(&content);
-    out.setRealNumberPrecision(12);
+    out.setRealNumberNotation(QTextStream::FixedNotation); // the tools know no exponents
+    out.setRealNumberPrecision(9);
     const double base = exposureValue({});
     out << "p f2 w" << width << " h" << width / 2 << " v360 E" << base << " R0 n\"TIFF_m c:LZW\"\n"
         << "m g1 i0 f0 m2 p0.00784314\n";

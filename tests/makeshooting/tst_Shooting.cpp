@@ -5,6 +5,7 @@
 #include "apps/makeshooting/HeadFiles.h"
 #include "apps/makeshooting/Rendering.h"
 #include "apps/makeshooting/Studio.h"
+#include "apps/makeshooting/Truth.h"
 #include "clauss/ClaussToSPP.h"
 #include "gigapan/GigapanToSPP.h"
 #include "papywizard/MerlinToSPP.h"
@@ -16,6 +17,7 @@
 #include <QJsonObject>
 #include <QProcess>
 #include <QRandomGenerator>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QtTest>
 #include <cmath>
@@ -94,6 +96,7 @@ private slots:
     void givenFileIsFollowed();
     void unusableFilesAreRefused_data();
     void unusableFilesAreRefused();
+    void projectHoldsPlainNumbers();
     void errorsOfHeadAndLens();
     void sceneKeepsItsPromises();
     void bracketsAreExposedAsTheySay();
@@ -394,6 +397,18 @@ void TstShooting::unusableFilesAreRefused()
     for (const QString &other :
         {folder.path(), folder.filePath(QStringLiteral("missing")), QStringLiteral("/dev/zero")})
         QVERIFY(lineOf(QStringLiteral("--output x --from ") + other).error.contains(other));
+}
+
+/// Beyond the zenith the yaw comes out of rounding errors: 7e-15 degrees.
+void TstShooting::projectHoldsPlainNumbers()
+{
+    const QByteArray project = truthPto(planned(
+        QStringLiteral("--rows 1 --columns 1 --yaw-range 180,180 --pitch-range 91.2,91.2")));
+    const QRegularExpression line(
+        QStringLiteral("\\ni w900 h600 f0 v83\\.974424992 r-?180\\.0* p88\\.80* y-?0\\.0* a0 b0\\.0* "
+                       "c0 Eev12\\.643856190 Er1 "
+                       "Eb1 n\"IMG_0001\\.jpg\"\\n"));
+    QVERIFY2(QString::fromLatin1(project).contains(line), project.constData());
 }
 
 void TstShooting::errorsOfHeadAndLens()
