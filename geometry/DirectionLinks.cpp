@@ -5,8 +5,11 @@
 
 #include "geometry/Angle.h"
 #include "geometry/AngleOfView.h"
+#include "geometry/NeighbourSearch.h"
 
+#include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace geometry {
 
@@ -14,6 +17,8 @@ namespace {
 
 constexpr float kFullTurn = 6.2831855F;
 constexpr double kReach = static_cast<double>(0.65F);
+/// Radians, some 80 turns.
+constexpr double kLargestCertainYaw = 500;
 constexpr int kNoLink = 0;
 constexpr int kVertical = 1;
 constexpr int kHorizontal = 2;
@@ -29,15 +34,65 @@ float yawDifference(float from, float to)
     return difference;
 }
 
+/// A direction as its distances are computed from it.
+struct Sight {
+    double yaw;
+    double sinPitch, cosPitch;
+};
+
+Sight sightOf(const Direction &direction)
+{
+    const double pitch = direction.pitch;
+    return {static_cast<double>(direction.yaw), std::sin(pitch), std::cos(pitch)};
+}
+
+double distanceOf(const Sight &from, const Sight &to)
+{
+    return std::acos(
+        from.sinPitch * to.sinPitch + from.cosPitch * to.cosPitch * std::cos(to.yaw - from.yaw));
+}
+
+Spot spotAt(const Sight &sight, double reach)
+{
+    // The rule takes the difference of two yaws, which is rounded the more the larger they are.
+    const bool isUncertain = std::isfinite(sight.yaw) && std::abs(sight.yaw) > kLargestCertainYaw;
+    return {sight.cosPitch * std::cos(sight.yaw), sight.cosPitch * std::sin(sight.yaw),
+        sight.sinPitch, reach, isUncertain};
+}
+
+/// The search for the pictures that overlap.
+class Overlaps {
+public:
+    Overlaps(const QVector<Direction> &directions, float focal)
+        : m_halfAngle(halfDiagonalAngle(focal))
+    {
+        m_sights.reserve(directions.size());
+        m_spots.reserve(directions.size());
+        for (const Direction &direction : directions) {
+            m_sights.push_back(sightOf(direction));
+            m_spots.push_back(spotAt(m_sights.back(), m_halfAngle / kReach));
+        }
+    }
+
+    NeighbourSearch search() const
+    {
+        return NeighbourSearch(m_spots, [this](int i, int j) {
+            // Written so that an undefined distance links nothing.
+            return m_halfAngle > kReach * distanceOf(m_sights[i], m_sights[j]);
+        });
+    }
+
+private:
+    double m_halfAngle;
+    std::vector<Sight> m_sights;
+    std::vector<Spot> m_spots;
+};
+
 } // namespace
 
 double distance(const Direction &from, const Direction &to)
 {
-    const double yaw = static_cast<double>(to.yaw) - static_cast<double>(from.yaw);
-    const double pitch1 = from.pitch;
-    const double pitch2 = to.pitch;
-    return std::acos(
-        std::sin(pitch1) * std::sin(pitch2) + std::cos(pitch1) * std::cos(pitch2) * std::cos(yaw));
+    return distanceOf(sightOf(from), sightOf(to));
 }
 
 int directionLinkKind(const Direction &from, const Direction &to)
@@ -54,19 +109,31 @@ int directionLinkKind(const Direction &from, const Direction &to)
 
 QVector<ProjectLink> directionLinks(const QVector<Direction> &directions, float focal)
 {
-    const double halfAngle = halfDiagonalAngle(focal);
+    const Overlaps overlaps(directions, focal);
+    const NeighbourSearch search = overlaps.search();
     QVector<ProjectLink> links;
+    links.reserve(8 * directions.size());
+    std::vector<int> near;
     for (int i = 0; i < directions.size(); ++i) {
-        for (int j = 0; j < directions.size(); ++j) {
-            // Written so that an undefined distance links nothing.
-            if (i == j || !(halfAngle > kReach * distance(directions[i], directions[j])))
-                continue;
+        search.find(i, 0, near);
+        for (const int j : near) {
             const int kind = directionLinkKind(directions[i], directions[j]);
             if (kind != kNoLink)
                 links.append({kind, {i, j}});
         }
     }
+    links.squeeze();
     return links;
+}
+
+qint64 estimateDirectionLinks(const QVector<Direction> &directions, float focal)
+{
+    const Overlaps overlaps(directions, focal);
+    const NeighbourSearch search = overlaps.search();
+    return search.estimateLinks([&](int i, const std::vector<int> &near) {
+        return std::count_if(near.begin(), near.end(),
+            [&](int j) { return directionLinkKind(directions[i], directions[j]) != kNoLink; });
+    });
 }
 
 } // namespace geometry

@@ -23,7 +23,10 @@ int directionLinkKind(const Direction &from, const Direction &to);
 
 /// Links between pictures of a rectilinear lens of \a focal millimetres as on 36 x 24 mm film that
 /// overlap: those whose distance times 0.65 lies below half the diagonal angle of view. Indices are
-/// places in \a directions; ordered by first, then by second index. Takes quadratic time.
+/// places in \a directions; ordered by first, then by second index.
 QVector<ProjectLink> directionLinks(const QVector<Direction> &directions, float focal);
+
+/// About how many links directionLinks() gives, found in bounded time.
+qint64 estimateDirectionLinks(const QVector<Direction> &directions, float focal);
 
 } // namespace geometry

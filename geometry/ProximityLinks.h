@@ -23,4 +23,7 @@ struct View {
 /// link.
 void appendProximityLinks(const QVector<View> &views, QVector<ProjectLink> &links);
 
+/// About how many links appendProximityLinks() gives, found in bounded time.
+qint64 estimateProximityLinks(const QVector<View> &views);
+
 } // namespace geometry

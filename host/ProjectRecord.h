@@ -15,6 +15,7 @@ struct ProjectLink {
     /// Places in ProjectRecord::groups.
     QVector<int> indices;
 };
+Q_DECLARE_TYPEINFO(ProjectLink, Q_MOVABLE_TYPE);
 
 /// A finished import, as ZIApplication::ImportProject() receives it. Angles are radians.
 struct ProjectRecord {

@@ -4,7 +4,6 @@
 #include "geometry/Angle.h"
 #include "geometry/DirectionLinks.h"
 
-#include <QRandomGenerator>
 #include <QTest>
 #include <cmath>
 #include <limits>
@@ -36,86 +35,6 @@ QString text(const QVector<ProjectLink> &links)
     return all.join(QStringLiteral(", "));
 }
 
-/// The rule, word for word, with no thought of speed. Every way to find the links must agree.
-QVector<ProjectLink> linksByRule(const Directions &positions, float focal)
-{
-    const float twice = 2 * focal;
-    const double T = std::atan(43.266615305567875 / double(twice));
-    QVector<ProjectLink> links;
-    for (int i = 0; i < positions.size(); ++i) {
-        for (int j = 0; j < positions.size(); ++j) {
-            if (i == j)
-                continue;
-            const float y1 = positions[i].yaw;
-            const float p1 = positions[i].pitch;
-            const float y2 = positions[j].yaw;
-            const float p2 = positions[j].pitch;
-            const double d = std::acos(std::sin(double(p1)) * std::sin(double(p2))
-                + std::cos(double(p1)) * std::cos(double(p2)) * std::cos(double(y2) - double(y1)));
-            const bool neighbours = T > 0.6499999761581421 * d;
-            if (!neighbours)
-                continue;
-            float dy = y2 - y1;
-            if (dy > 3.141592653589793)
-                dy -= 6.2831855F;
-            else if (dy < -3.141592653589793)
-                dy += 6.2831855F;
-            const float dp = p2 - p1;
-            const double a = std::atan2(double(dp), double(dy));
-            if (a > -0.7853981633974483 && a <= 0.7853981633974483)
-                links.append({2, {i, j}});
-            else if (a > -2.356194490192345 && a <= -0.7853981633974483)
-                links.append({1, {i, j}});
-        }
-    }
-    return links;
-}
-
-double between(QRandomGenerator &random, double low, double high)
-{
-    return low + random.generateDouble() * (high - low);
-}
-
-/// Places as heads take them, with everything that is awkward among them.
-Directions randomPlaces(QRandomGenerator &random)
-{
-    Directions places;
-    const double step = between(random, 2, 40);
-    const double start = 360 * random.bounded(-2, 2);
-    const double noise = random.bounded(2) * 0.3;
-    for (int i = random.bounded(60); i > 0; --i) {
-        switch (random.bounded(12)) {
-        case 0:
-            places += at(between(random, -720, 720), between(random, -100, 100));
-            break;
-        case 1:
-            places += at(random.bounded(8) * 45, random.bounded(2) ? 90 : -90);
-            break;
-        case 2:
-            places += places.isEmpty() ? at(0, 0) : places[random.bounded(places.size())];
-            break;
-        case 3:
-            if (random.bounded(4) == 0) {
-                const float odd[]{kNaN, kInf, -kInf, 1e30F, -0.0F};
-                places += {odd[random.bounded(5)], odd[random.bounded(5)]};
-            }
-            break;
-        default:
-            places += at(start + random.bounded(36) * step + between(random, -noise, noise),
-                (random.bounded(9) - 4) * step + between(random, -noise, noise));
-        }
-    }
-    return places;
-}
-
-/// A focal that puts two of the places on the border of linking, as nearly as floats allow.
-float borderFocal(QRandomGenerator &random, const Directions &places)
-{
-    const double d = geometry::distance(
-        places[random.bounded(places.size())], places[random.bounded(places.size())]);
-    return static_cast<float>(43.266615305567875 / (2 * std::tan(0.6499999761581421 * d)));
-}
-
 } // namespace
 
 Q_DECLARE_METATYPE(Directions)
@@ -127,7 +46,6 @@ private slots:
     void links();
     void reach_data();
     void reach();
-    void agreesWithRule();
 };
 
 // With a focal of 20 mm, which reaches 72.6 degrees.
@@ -190,22 +108,6 @@ void tst_DirectionLinks::reach()
     QFETCH(bool, linked);
     QCOMPARE(text(geometry::directionLinks({at(0, 0), at(0, -distance)}, focal)),
         linked ? QStringLiteral("1: 0 1") : QString());
-}
-
-void tst_DirectionLinks::agreesWithRule()
-{
-    QRandomGenerator random(4326);
-    int links = 0;
-    for (int round = 0; round < 2000; ++round) {
-        const Directions places = randomPlaces(random);
-        const bool onBorder = places.size() > 1 && random.bounded(2) == 0;
-        const float focal
-            = onBorder ? borderFocal(random, places) : static_cast<float>(between(random, -1, 200));
-        const QVector<ProjectLink> found = geometry::directionLinks(places, focal);
-        QCOMPARE(text(found), text(linksByRule(places, focal)));
-        links += found.size();
-    }
-    QVERIFY(links > 10000);
 }
 
 QTEST_GUILESS_MAIN(tst_DirectionLinks)
