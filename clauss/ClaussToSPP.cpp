@@ -12,6 +12,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -41,6 +42,43 @@ FileContent readFile(const QString &path)
     return content;
 }
 
+QVector<float> focalsOf(const QList<ImageInfo *> &infos)
+{
+    QVector<float> focals;
+    focals.reserve(infos.size());
+    for (const ImageInfo *info : infos)
+        focals.append(info ? info->GetFocalLength() : 0.0F);
+    return focals;
+}
+
+/// 0 for none.
+float middleOf(QVector<float> focals)
+{
+    // What is no number has no place in an order.
+    focals.erase(
+        std::remove_if(focals.begin(), focals.end(), [](float f) { return std::isnan(f); }),
+        focals.end());
+    const auto middle = focals.begin() + focals.size() / 2;
+    std::nth_element(focals.begin(), middle, focals.end());
+    return focals.isEmpty() ? 0 : *middle;
+}
+
+/// Of the pictures that have a shot.
+QVector<geometry::View> viewsOf(
+    const QVector<ClaussShot> &shots, int images, const QVector<float> &focals)
+{
+    QVector<geometry::View> views;
+    const int pairable = std::min(images, shots.size());
+    views.reserve(pairable);
+    for (int k = 0; k < pairable; ++k) {
+        const ClaussShot &shot = shots.at(k);
+        const double halfAngle = geometry::halfDiagonalAngle(focals.value(k, 0.0F));
+        views.append({geometry::toRadians(shot.yaw), geometry::toRadians(shot.pitch),
+            static_cast<float>(halfAngle)});
+    }
+    return views;
+}
+
 } // namespace
 
 bool ClaussToSPP::ReadConfigFile(const QString &path, const FindingSink &findings)
@@ -59,11 +97,7 @@ bool ClaussToSPP::ReadConfigFile(const QString &path, const FindingSink &finding
 
 void ClaussToSPP::Convert(const QStringList &images, const QList<ImageInfo *> &infos)
 {
-    QVector<float> focals;
-    focals.reserve(infos.size());
-    for (const ImageInfo *info : infos)
-        focals.append(info ? info->GetFocalLength() : 0.0F);
-    Convert(images, focals);
+    Convert(images, focalsOf(infos));
 }
 
 void ClaussToSPP::Convert(const QStringList &images, const QVector<float> &focals)
@@ -75,14 +109,15 @@ void ClaussToSPP::Convert(const QStringList &images, const QVector<float> &focal
         m_record.pitches.append(geometry::toRadians(shot.pitch));
     }
 
-    QVector<geometry::View> views;
-    const int pairable = std::min(images.size(), m_shots.size());
-    views.reserve(pairable);
-    for (int k = 0; k < pairable; ++k) {
-        const ClaussShot &shot = m_shots.at(k);
-        const double halfAngle = geometry::halfDiagonalAngle(focals.value(k, 0.0F));
-        views.append({geometry::toRadians(shot.yaw), geometry::toRadians(shot.pitch),
-            static_cast<float>(halfAngle)});
-    }
-    geometry::appendProximityLinks(views, m_record.links);
+    geometry::appendProximityLinks(viewsOf(m_shots, images.size(), focals), m_record.links);
+}
+
+geometry::LinkEstimate ClaussToSPP::EstimateLinks(int images, const QList<ImageInfo *> &infos) const
+{
+    return EstimateLinks(images, focalsOf(infos));
+}
+
+geometry::LinkEstimate ClaussToSPP::EstimateLinks(int images, const QVector<float> &focals) const
+{
+    return {geometry::estimateProximityLinks(viewsOf(m_shots, images, focals)), middleOf(focals)};
 }

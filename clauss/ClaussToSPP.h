@@ -4,6 +4,7 @@
 #pragma once
 
 #include "geometry/HeadShot.h"
+#include "geometry/LinkLimit.h"
 #include "host/ProjectRecord.h"
 #include "reader/Finding.h"
 
@@ -32,6 +33,11 @@ public:
 
     /// The same with the pictures' focal lengths in millimetres as on 36 x 24 mm film.
     void Convert(const QStringList &images, const QVector<float> &focals);
+
+    /// What Convert() of as many pictures would search for. An import with too many links is not to
+    /// be converted.
+    geometry::LinkEstimate EstimateLinks(int images, const QList<ImageInfo *> &infos) const;
+    geometry::LinkEstimate EstimateLinks(int images, const QVector<float> &focals) const;
 
     /// Makes the record as new, for another import.
     void ClearRecord() { m_record = {}; }

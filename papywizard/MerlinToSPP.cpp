@@ -14,12 +14,19 @@ namespace {
 
 constexpr int kFisheye = 1;
 
-/// Directions of the locations that have a shot: the first one of their series.
-QVector<geometry::Direction> directionsOf(
-    const QVector<PapywizardShot> &shots, int locations, int brackets)
+int bracketsOf(const PapywizardShooting &shooting)
 {
+    return std::max(1, shooting.bracketCount);
+}
+
+/// Directions of the locations that have pictures and a shot: the first one of their series.
+QVector<geometry::Direction> directionsOf(const PapywizardShooting &shooting, int pictures)
+{
+    const QVector<PapywizardShot> &shots = shooting.shots;
+    const int brackets = bracketsOf(shooting);
     QVector<geometry::Direction> directions;
-    for (int location = 0; location < locations && location * brackets < shots.size(); ++location) {
+    for (int location = 0; location < pictures / brackets && location * brackets < shots.size();
+         ++location) {
         const PapywizardShot &shot = shots[location * brackets];
         directions.append({geometry::toRadians(shot.yaw), geometry::toRadians(shot.pitch)});
     }
@@ -46,14 +53,26 @@ bool MerlinToSPP::CheckBracketing(int pictures)
     return pictures % m_shooting.bracketCount == 0;
 }
 
+MerlinToSPP::Lens MerlinToSPP::ChosenLens(double focal, int lensType) const
+{
+    const int ofFile = m_shooting.fisheye ? kFisheye : 0;
+    return {static_cast<float>(focal < 0 ? m_shooting.focal : focal),
+        lensType == -1 ? ofFile : lensType};
+}
+
+geometry::LinkEstimate MerlinToSPP::EstimateLinks(int pictures, double focal, int lensType) const
+{
+    const Lens lens = ChosenLens(focal, lensType);
+    if (lens.type == kFisheye)
+        return {0, lens.focal};
+    return {geometry::estimateDirectionLinks(directionsOf(m_shooting, pictures), lens.focal),
+        lens.focal};
+}
+
 void MerlinToSPP::Convert(const QStringList &pictures, double focal, int lensType)
 {
-    if (focal < 0)
-        focal = m_shooting.focal;
-    if (lensType == -1)
-        lensType = m_shooting.fisheye ? kFisheye : 0;
-
-    const int brackets = std::max(1, m_shooting.bracketCount);
+    const Lens lens = ChosenLens(focal, lensType);
+    const int brackets = bracketsOf(m_shooting);
     const int locations = pictures.size() / brackets;
     for (int location = 0; location < locations; ++location)
         m_record.groups.append(pictures.mid(location * brackets, brackets));
@@ -64,11 +83,11 @@ void MerlinToSPP::Convert(const QStringList &pictures, double focal, int lensTyp
         m_record.rolls.append(geometry::toRadians(shot.roll));
     }
 
-    m_record.focal = static_cast<float>(focal);
-    m_record.lensType = lensType;
+    m_record.focal = lens.focal;
+    m_record.lensType = lens.type;
 
-    if (lensType != kFisheye) {
-        m_record.links += geometry::directionLinks(
-            directionsOf(m_shooting.shots, locations, brackets), m_record.focal);
+    if (lens.type != kFisheye) {
+        m_record.links
+            += geometry::directionLinks(directionsOf(m_shooting, pictures.size()), lens.focal);
     }
 }

@@ -6,6 +6,15 @@
 
 namespace {
 
+QVector<float> focalsOf(const PictureList &pictures, const ImportOptions &options)
+{
+    QVector<float> focals;
+    focals.reserve(pictures.facts.size());
+    for (const PictureFacts &facts : pictures.facts)
+        focals.append(options.focal ? static_cast<float>(*options.focal) : facts.focal);
+    return focals;
+}
+
 class ClaussHead final : public Head {
 public:
     void takeOptions(OptionReader &reader) override
@@ -28,6 +37,9 @@ public:
                     .arg(options.config)
                     .arg(shots)
                     .arg(pictures.paths.size()));
+        if (sentences.isEmpty())
+            sentences
+                = linkObstacles(m_converter.EstimateLinks(shots, focalsOf(pictures, options)));
         return sentences;
     }
 
@@ -35,11 +47,7 @@ public:
     {
         if (options.invertPitch)
             invertPitches(m_converter.Shots());
-        QVector<float> focals;
-        focals.reserve(pictures.facts.size());
-        for (const PictureFacts &facts : pictures.facts)
-            focals.append(options.focal ? static_cast<float>(*options.focal) : facts.focal);
-        m_converter.Convert(pictures.paths, focals);
+        m_converter.Convert(pictures.paths, focalsOf(pictures, options));
         takeFocal(pictures, options, &m_converter.Record());
         return m_converter.Record();
     }

@@ -30,6 +30,18 @@ const HeadEntry *findHead(const QString &name)
     return nullptr;
 }
 
+QStringList linkObstacles(const geometry::LinkEstimate &estimate)
+{
+    if (!estimate.isTooMany())
+        return {};
+    const auto millions
+        = [](qint64 links) { return QString::number(qRound64(double(links) / 1e6)); };
+    return {QStringLiteral("a focal length of %1 mm makes about %2 million links between the "
+                           "pictures, more than %3 million; --focal MM gives another")
+                .arg(QString::number(double(estimate.focal)), millions(estimate.links),
+                    millions(geometry::kMostLinks))};
+}
+
 double boxedFocal(double focal)
 {
     return std::clamp(QString::number(focal, 'f', 3).toDouble(), 1.0, 10'000.0);

@@ -5,6 +5,7 @@
 
 #include "apps/panohost/Options.h"
 #include "apps/panohost/PictureList.h"
+#include "geometry/LinkLimit.h"
 #include "host/ProjectRecord.h"
 #include "reader/Finding.h"
 
@@ -91,6 +92,9 @@ const HeadEntry *findHead(const QString &name);
 QStringList focalObstacles(const PictureList &pictures, const ImportOptions &options);
 /// The same: stores a focal length that is given, with the lens type given or the last picture's.
 void takeFocal(const PictureList &pictures, const ImportOptions &options, ProjectRecord *record);
+
+/// That an import would have too many links; empty otherwise.
+QStringList linkObstacles(const geometry::LinkEstimate &estimate);
 
 /// \a focal as the focal length box of the pages holds it: three decimals, 1 to 10000 mm.
 double boxedFocal(double focal);

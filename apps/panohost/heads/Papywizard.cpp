@@ -67,11 +67,14 @@ QStringList ShootingFileHead::obstacles(const PictureList &pictures, const Impor
                 .arg(options.config)
                 .arg(shooting.bracketCount)
                 .arg(chosen));
-    if (!(chosenLens(shooting, pictures, options).focal > 0))
+    const PictureLens lens = chosenLens(shooting, pictures, options);
+    if (!(lens.focal > 0))
         sentences.append(
             QStringLiteral("%1: neither the file nor the pictures give a focal length; "
                            "--focal MM does")
                 .arg(options.config));
+    if (sentences.isEmpty())
+        sentences = linkObstacles(converter().EstimateLinks(chosen, lens.focal, lens.lensType));
     return sentences;
 }
 
