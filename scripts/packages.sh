@@ -7,7 +7,7 @@
 declare -A package_groups=(
     [build]="cmake ninja-build g++ qtbase5-dev qttools5-dev qttools5-dev-tools libexiv2-dev libqt5svg5-dev librsvg2-bin"
     [test]="hugin-tools fonts-dejavu-core"
-    [demo]="hugin-tools enblend fonts-dejavu-core"
+    [demo]="hugin-tools fonts-dejavu-core"
     [tsan]="clang libclang-rt-dev"
     [tidy]="clang clang-tidy clang-format"
 )
