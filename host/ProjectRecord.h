@@ -17,15 +17,21 @@ struct ProjectLink {
 };
 Q_DECLARE_TYPEINFO(ProjectLink, Q_MOVABLE_TYPE);
 
-/// A finished import, as ZIApplication::ImportProject() receives it. Angles are radians.
+/// A finished import, as ZIApplication::ImportProject() receives it: plain values, nothing that the
+/// page keeps hold of.
+///
+/// Angles are radians: yaw to the right, pitch upward, roll clockwise as the picture is looked at.
+/// A member of which an import knows nothing keeps the initial value given here.
 struct ProjectRecord {
     /// One entry a location: full paths of the pictures taken there (one, or a bracketed stack), in
-    /// shooting order.
+    /// shooting order. VR Drive 2 has the reference picture of a stack first.
     QList<QStringList> groups;
+    /// Empty where no two locations are neighbours, and for a fisheye lens chosen on the page.
     QVector<ProjectLink> links;
 
     /// Angles, one a shot: location p has its at index p x (number of angles / number of groups).
-    /// Empty for a grid, which has no angles; rolls are empty for a head that gives none.
+    /// All are empty for a grid, which has no angles; rolls are empty for a head that gives none;
+    /// else the three are equally long.
     QVector<float> yaws;
     QVector<float> pitches;
     QVector<float> rolls;

@@ -8,14 +8,17 @@
 
 class ZIPluginImport;
 
-/// What the module's root object offers: the imports.
+/// What the module's root object offers: the imports. The root object is what
+/// QPluginLoader::instance() returns, asked for in the window's thread once the application object
+/// is there. The loader owns it.
 class ZIPluginLibrary {
 public:
     virtual ~ZIPluginLibrary() = default;
 
     /// Makes the import plug-ins and returns them in their fixed order (an entry is null when its
     /// plug-in was already destroyed). The host owns them and deletes them before its application
-    /// object goes, which saves their pages' state. Every call makes new ones: call it once.
+    /// object goes, and before the module is unloaded; that saves their pages' options. Every call
+    /// makes new ones: call it once.
     virtual QList<ZIPluginImport *> GetPlugins() = 0;
 };
 
