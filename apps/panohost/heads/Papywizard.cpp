@@ -85,15 +85,20 @@ QStringList ShootingFileHead::remarks(const PictureList &pictures, const ImportO
     const PictureLens chosen = chosenLens(shooting, pictures, options);
     switch (shootingWarning({shooting, shooting.shots.size(), pictures.paths.size(), ofPictures})) {
     case ShootingWarning::FocalDiffers:
+        if (options.focal)
+            break;
         return {
             QStringLiteral("%1: the file's focal length is %2 mm, the pictures' %3 mm; %4 mm is "
-                           "taken")
+                           "taken, --focal chooses another")
                 .arg(options.config)
                 .arg(shooting.focal)
                 .arg(ofPictures.focal)
                 .arg(chosen.focal)};
     case ShootingWarning::LensDiffers:
-        return {QStringLiteral("%1: the file's lens is %2, the pictures' %3; %4 is taken")
+        if (options.lensType)
+            break;
+        return {QStringLiteral("%1: the file's lens is %2, the pictures' %3; %4 is taken, --lens "
+                               "chooses another")
                     .arg(options.config, lensName(shooting.fisheye ? 1 : 0),
                         lensName(ofPictures.lensType), lensName(chosen.lensType))};
     case ShootingWarning::None:
