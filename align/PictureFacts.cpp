@@ -190,7 +190,7 @@ QByteArray embeddedThumbnail(const Exiv2::Image &image)
 {
     const Exiv2::DataBuf exifThumbnail = Exiv2::ExifThumbC(image.exifData()).copy();
     if (exifThumbnail.size_ > 0) {
-        const QByteArray jpeg = smallJpeg(toBytes(exifThumbnail.pData_, exifThumbnail.size_));
+        QByteArray jpeg = smallJpeg(toBytes(exifThumbnail.pData_, exifThumbnail.size_));
         if (!jpeg.isEmpty())
             return jpeg;
     }
@@ -201,8 +201,7 @@ QByteArray embeddedThumbnail(const Exiv2::Image &image)
         if (properties.width_ < 120 && &properties != &list.back())
             continue;
         const Exiv2::PreviewImage preview = previews.getPreviewImage(properties);
-        const QByteArray jpeg
-            = smallJpeg(toBytes(preview.pData(), static_cast<long>(preview.size())));
+        QByteArray jpeg = smallJpeg(toBytes(preview.pData(), static_cast<long>(preview.size())));
         if (!jpeg.isEmpty())
             return jpeg;
     }

@@ -27,7 +27,7 @@ double PictureOptics::angleAcross(int pixels) const
 std::optional<PictureOptics> opticsOf(const ProjectRecord &record, const PictureFacts &facts)
 {
     const bool chosen = record.focal > 0;
-    const double focal = static_cast<double>(chosen ? record.focal : facts.focal);
+    const auto focal = static_cast<double>(chosen ? record.focal : facts.focal);
     if (!(focal > 0 && focal <= kLongestFocal) || facts.size.isEmpty())
         return std::nullopt;
     return PictureOptics{facts.size, focal, (chosen ? record.lensType : facts.lensType) == 1};

@@ -92,10 +92,10 @@ double outputExposure(const ProjectRecord &record, const PictureTable &pictures)
 
 class Project {
 public:
-    Project(const ProjectRecord &record, const PictureTable &pictures, const QString &folder)
+    Project(const ProjectRecord &record, const PictureTable &pictures, QString folder)
         : m_record(record)
         , m_pictures(pictures)
-        , m_folder(folder)
+        , m_folder(std::move(folder))
         , m_anchors(anchors(record))
     {
     }

@@ -101,8 +101,8 @@ private:
 
 class Reader {
 public:
-    explicit Reader(const QJsonObject &object)
-        : m_object(object)
+    explicit Reader(QJsonObject object)
+        : m_object(std::move(object))
     {
     }
     template <class Member> void operator()(const char *name, Member &member)

@@ -43,7 +43,7 @@ public:
         return sentences;
     }
 
-    QStringList remarks(const PictureList &pictures, const ImportOptions &) override
+    QStringList remarks(const PictureList &pictures, const ImportOptions & /*options*/) override
     {
         const GigapanLayout &layout = m_converter.Layout();
         const int used = layout.rows * layout.columns * layout.bracket + layout.ignore;

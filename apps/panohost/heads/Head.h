@@ -32,16 +32,22 @@ public:
     virtual ~Head() = default;
 
     /// Takes the options that only this head has.
-    virtual void takeOptions(OptionReader &) { }
+    virtual void takeOptions(OptionReader & /*reader*/) { }
 
     /// Reads the head's file. False when the import cannot go on; the findings say why.
-    virtual bool readFile(const QString &, const FindingSink &) { return true; }
+    virtual bool readFile(const QString & /*path*/, const FindingSink & /*findings*/)
+    {
+        return true;
+    }
 
     /// Why an import of \a pictures cannot go on, a sentence each; the page would not be complete.
     virtual QStringList obstacles(const PictureList &pictures, const ImportOptions &options) = 0;
 
     /// What the user should know before trusting the result, a sentence each.
-    virtual QStringList remarks(const PictureList &, const ImportOptions &) { return {}; }
+    virtual QStringList remarks(const PictureList & /*pictures*/, const ImportOptions & /*options*/)
+    {
+        return {};
+    }
 
     /// The record of \a pictures, but for the options that are the same for all heads. Called when
     /// there are no obstacles.
