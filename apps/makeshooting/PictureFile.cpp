@@ -57,6 +57,8 @@ Exiv2::ExifData exifOf(const Shooting &shooting, const Picture &picture)
     exif["Exif.Photo.DateTimeOriginal"] = time;
     exif["Exif.Photo.FocalLength"] = rational(options.focal / options.crop, 1000);
     exif["Exif.Photo.FocalLengthIn35mmFilm"] = static_cast<uint16_t>(qRound(options.focal));
+    exif["Exif.Photo.LensModel"]
+        = options.lens == Lens::Fisheye ? "Made fisheye" : "Made rectilinear";
     exif["Exif.Photo.FNumber"] = rational(kFNumber, 10);
     exif["Exif.Photo.ExposureTime"] = exposureTime(kBaseTime * std::exp2(picture.ev));
     exif["Exif.Photo.ISOSpeedRatings"] = static_cast<uint16_t>(kIso);

@@ -23,12 +23,14 @@ QString help()
         + importHelp();
 }
 
+constexpr int kNameColumn = 12;
+
 QString listOfHeads()
 {
     QString list;
     for (const HeadEntry &entry : headEntries())
-        list += QLatin1String(entry.name) + QStringLiteral(": ") + QLatin1String(entry.description)
-            + QLatin1Char('\n');
+        list += QString::fromLatin1(entry.name).leftJustified(kNameColumn)
+            + QLatin1String(entry.description) + QLatin1Char('\n');
     return list;
 }
 

@@ -75,7 +75,7 @@ private slots:
         row("--format papywizard --rows 2 --columns 3 --portrait pixels --crop 1.6",
             "papywizard --config shooting.xml --stacks points");
         row("--format papywizard --rows 1 --columns 4 --lens fisheye --focal 12",
-            "papywizard --config shooting.xml --lens fisheye");
+            "papywizard --config shooting.xml");
         row("--format clauss --rows 2 --columns 6 --full-turn", "clauss --config script.txt");
         row("--format clauss --rows 2 --columns 4 --focal 60 --head-step 0.05",
             "clauss --config script.txt --full-angles");
