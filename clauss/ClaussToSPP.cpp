@@ -8,9 +8,8 @@
 #include "geometry/AngleOfView.h"
 #include "geometry/ProximityLinks.h"
 #include "host/ImageInfo.h"
+#include "reader/HeadFile.h"
 
-#include <QFile>
-#include <QFileInfo>
 #include <algorithm>
 #include <cmath>
 
@@ -27,15 +26,12 @@ struct FileContent {
 
 FileContent readFile(const QString &path)
 {
-    const QFileInfo info(path);
-    // A pipe or device could keep the reader waiting for ever.
-    if (info.exists() && !info.isFile())
-        return {{}, QStringLiteral("Not a regular file")};
-    if (info.size() > kLargestScript)
-        return {{}, QStringLiteral("Too large for a script")};
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return {{}, file.errorString()};
+    const QString error = openHeadFile(file);
+    if (!error.isEmpty())
+        return {{}, error};
+    if (file.size() > kLargestScript)
+        return {{}, QStringLiteral("Too large for a script")};
     FileContent content{file.readAll(), {}};
     if (file.error() != QFileDevice::NoError)
         content.error = file.errorString();

@@ -6,8 +6,8 @@
 #include "geometry/Angle.h"
 #include "geometry/DirectionLinks.h"
 #include "papywizard/ShootingFile.h"
+#include "reader/HeadFile.h"
 
-#include <QFile>
 #include <algorithm>
 
 namespace {
@@ -39,9 +39,10 @@ bool MerlinToSPP::ReadXML(const QString &path, const FindingSink &findings)
 {
     m_shooting = {};
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
+    const QString error = openHeadFile(file);
+    if (!error.isEmpty()) {
         if (findings)
-            findings({Finding::Cause::CannotOpen, 0, file.errorString()});
+            findings({Finding::Cause::CannotOpen, 0, error});
         return false;
     }
     return readShooting(file, m_shooting, findings);

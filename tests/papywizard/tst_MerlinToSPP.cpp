@@ -266,9 +266,9 @@ void tst_MerlinToSPP::cannotRead_data()
     QTest::newRow("name with a zero")
         << QStringLiteral("/tmp/a\0b.xml") << int(Finding::Cause::CannotOpen);
     QTest::newRow("device without bytes")
-        << QStringLiteral("/dev/null") << int(Finding::Cause::Malformed);
+        << QStringLiteral("/dev/null") << int(Finding::Cause::CannotOpen);
     QTest::newRow("device without end")
-        << QStringLiteral("/dev/zero") << int(Finding::Cause::Malformed);
+        << QStringLiteral("/dev/zero") << int(Finding::Cause::CannotOpen);
     QTest::newRow("file whose reading fails")
         << QStringLiteral("/proc/self/mem") << int(Finding::Cause::Malformed);
 }
