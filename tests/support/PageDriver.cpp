@@ -90,7 +90,8 @@ PageDriver::PageDriver(QWizardPage *page)
     m_wizard->addPage(page);
     m_wizard->show();
     m_wizard->next();
-    if (!QTest::qWaitForWindowExposed(m_wizard.get()))
+    m_wizard->activateWindow();
+    if (!QTest::qWaitForWindowActive(m_wizard.get()))
         qFatal("The wizard does not show");
 }
 
