@@ -4,8 +4,8 @@
 
 # Usage: docs/screenshots.sh [FOLDER]
 # Makes the documentation's pictures from the built programs, without a display, into FOLDER
-# (docs/screenshots): every tab of every page, and a stitched panorama. QT_SCALE_FACTOR=2 doubles
-# them.
+# (docs/screenshots): each step of an import in the window, every tab of every page, and a stitched
+# panorama. QT_SCALE_FACTOR=2 doubles them.
 
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
@@ -30,10 +30,7 @@ grid=(--rows 3 --columns 12 --full-turn --pitch-range "-54,54" --focal 24 --port
 "$bin/makeshooting" --format gigapan "${grid[@]}" --output "$work/gigapan"
 "$bin/makeshooting" --format vrdrive2 --rows 1 --columns 8 --full-turn --brackets 3 --focal 24 \
     --output "$work/vrdrive2"
-"$bin/screenshots" "$folder" papywizard "$work"/papywizard/{shooting.xml,*.jpg}
-"$bin/screenshots" "$folder" clauss "$work"/clauss/{script.txt,*.jpg}
-"$bin/screenshots" "$folder" gigapan "$work"/gigapan/*.jpg
-"$bin/screenshots" "$folder" vrdrive2 "$work"/vrdrive2/{shooting.xml,*.jpg}
+"$bin/screenshots" "$folder" "$work"
 
 "$bin/panohost" import papywizard --config "$work/papywizard/shooting.xml" --output "$work/pano.pto" \
     "$work/papywizard"

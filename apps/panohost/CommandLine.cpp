@@ -15,6 +15,7 @@ QString help()
 {
     return QStringLiteral(
                "panohost starts panorama projects from what a motorised head knows.\n\n"
+               "  panohost [FILE...]        open the window, with these files\n"
                "  panohost import HEAD ...  make a project of a head's file and pictures\n"
                "  panohost map RECORD ...   draw where a record's pictures lie\n"
                "  panohost heads            list the heads\n"

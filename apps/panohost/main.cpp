@@ -2,8 +2,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "apps/panohost/CommandLine.h"
+#include "apps/panohost/Module.h"
+#include "apps/panohost/window/HeadModule.h"
+#include "apps/panohost/window/HostApplication.h"
+#include "apps/panohost/window/MainWindow.h"
 
-#include <QGuiApplication>
+#include <QFileInfo>
 #include <memory>
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
 #include <QTextCodec>
@@ -22,6 +26,44 @@ std::unique_ptr<QCoreApplication> makeApplication(int &argc, char **argv)
     return std::make_unique<QGuiApplication>(argc, argv);
 }
 
+/// Without a command the window opens, with the files that are named.
+bool wantsWindow(int argc, char **argv)
+{
+    return argc < 2 || QFileInfo::exists(QFile::decodeName(argv[1]));
+}
+
+bool hasDisplay()
+{
+#ifdef Q_OS_LINUX
+    for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+        if (!qEnvironmentVariableIsEmpty(name))
+            return true;
+    }
+    return false;
+#else
+    return true;
+#endif
+}
+
+int showWindow(int &argc, char **argv)
+{
+    if (!hasDisplay()) {
+        console::complain(QStringLiteral(
+            "there is no display for the window; panohost --help tells what works without"));
+        return static_cast<int>(ExitCode::Failed);
+    }
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+#endif
+    HostApplication application(argc, argv);
+    const HeadModule module(findModule());
+    MainWindow window(application, module);
+    window.show();
+    window.takeFiles(QCoreApplication::arguments().mid(1));
+    return HostApplication::exec();
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -33,8 +75,10 @@ int main(int argc, char **argv)
     QCoreApplication::setApplicationName(QStringLiteral("panohost"));
     QCoreApplication::setApplicationVersion(QStringLiteral(PANOHOST_VERSION));
 
+    QCoreApplication::setOrganizationName(QStringLiteral("panohost"));
+
+    if (wantsWindow(argc, argv))
+        return showWindow(argc, argv);
     const std::unique_ptr<QCoreApplication> application = makeApplication(argc, argv);
-    const QStringList arguments = QCoreApplication::arguments().mid(1);
-    return static_cast<int>(
-        runCommandLine(arguments.isEmpty() ? QStringList(QStringLiteral("--help")) : arguments));
+    return static_cast<int>(runCommandLine(QCoreApplication::arguments().mid(1)));
 }

@@ -20,6 +20,8 @@ constexpr double kNumbersFrom = 22;
 
 /// Above this many lines smooth ones take too long, and look the same.
 constexpr int kMostSmoothLines = 4000;
+/// So many places are drawn well in no time.
+constexpr int kFewPlaces = 300;
 constexpr int kMostNamesShown = 9;
 
 /// The smallest of the usual steps that keeps labels \a least degrees apart.
@@ -147,11 +149,13 @@ QRectF RecordMap::frameIn(const QRectF &whole, const QFontMetricsF &font)
 }
 
 void RecordMap::paint(QPainter &painter, const MapWindow &window, const MapColours &colours,
-    const ThumbnailSource &thumbnails) const
+    const ThumbnailSource &thumbnails, MapQuality quality) const
 {
     painter.save();
     paintAxes(painter, window, colours);
     painter.setClipRect(window.frame, Qt::IntersectClip);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform,
+        quality == MapQuality::Fine || !isCrowded(window));
     paintLinks(painter, window, colours);
     paintPlaces(painter, window, colours, thumbnails);
     if (!m_layout.problem.isEmpty()) {
@@ -181,8 +185,10 @@ void RecordMap::paintAxes(
         across = numberTicks(m_layout.columns, m_layout.spacing.width(), apart / 2);
         down = numberTicks(m_layout.rows, m_layout.spacing.height(), tall / 2);
     } else {
-        across = angleTicks(topLeft.x(), bottomRight.x(), gridStep(apart), true);
-        down = angleTicks(topLeft.y(), bottomRight.y(), gridStep(tall), false);
+        // Beyond the pictures there is nothing to be read off.
+        const QRectF seen = QRectF(topLeft, bottomRight) & m_layout.extent;
+        across = angleTicks(seen.left(), seen.right(), gridStep(apart), true);
+        down = angleTicks(seen.top(), seen.bottom(), gridStep(tall), false);
     }
 
     painter.fillRect(frame, colours.ground);
@@ -216,7 +222,9 @@ void RecordMap::paintLinks(
     QPainter &painter, const MapWindow &window, const MapColours &colours) const
 {
     const double cell = m_layout.spacing.width() * window.scale;
-    const double width = std::clamp(cell * 0.04, 1.0, 3.0);
+    const bool isFine = painter.testRenderHint(QPainter::Antialiasing);
+    // Thin lines without round ends are drawn many times as fast.
+    const double width = isFine ? std::clamp(cell * 0.04, 1.0, 3.0) : 1.0;
     const QRectF reach = window.frame.adjusted(-width, -width, width, width);
     for (const MapLinks &links : m_layout.links) {
         QVector<QLineF> onMap;
@@ -230,10 +238,22 @@ void RecordMap::paintLinks(
             if (!missesFrame(drawn, reach))
                 seen.append(drawn);
         }
-        painter.setRenderHint(QPainter::Antialiasing, seen.size() <= kMostSmoothLines);
-        painter.setPen(QPen(colours.link(links.kind), width, Qt::SolidLine, Qt::RoundCap));
+        const bool isSmooth = isFine && seen.size() <= kMostSmoothLines;
+        painter.setRenderHint(QPainter::Antialiasing, isSmooth);
+        painter.setPen(QPen(colours.link(links.kind), isSmooth ? width : 1.0, Qt::SolidLine,
+            isSmooth ? Qt::RoundCap : Qt::FlatCap));
         painter.drawLines(seen);
+        painter.setRenderHint(QPainter::Antialiasing, isFine);
     }
+}
+
+bool RecordMap::isCrowded(const MapWindow &window) const
+{
+    return std::count_if(m_layout.places.cbegin(), m_layout.places.cend(),
+               [&window](const MapPlace &place) {
+                   return window.frame.contains(window.toFrame(place.at));
+               })
+        > kFewPlaces;
 }
 
 void RecordMap::paintPlaces(QPainter &painter, const MapWindow &window, const MapColours &colours,
@@ -242,8 +262,8 @@ void RecordMap::paintPlaces(QPainter &painter, const MapWindow &window, const Ma
     const QSizeF size = m_layout.cell() * window.scale;
     const double side = std::max(size.width(), size.height());
     const QRectF reach = window.frame.adjusted(-side, -side, side, side);
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-
+    const bool isFine = painter.testRenderHint(QPainter::Antialiasing);
+    const QTransform before = painter.transform();
     QVector<QPointF> points;
     for (int location = 0; location < m_layout.places.size(); ++location) {
         const MapPlace &place = m_layout.places[location];
@@ -259,17 +279,15 @@ void RecordMap::paintPlaces(QPainter &painter, const MapWindow &window, const Ma
             ? thumbnails(location, int(std::ceil(side)))
             : QImage();
         painter.translate(at);
-        painter.rotate(place.roll);
-        paintPlace(painter, cell, colours, location, picture);
-        if (side >= kNumbersFrom && picture.isNull()) {
-            painter.rotate(-place.roll);
-            painter.setPen(colours.text);
-            painter.drawText(QRectF(-side, -side, 2 * side, 2 * side), Qt::AlignCenter,
-                QString::number(location + 1));
+        if (place.roll != 0)
             painter.rotate(place.roll);
+        paintPlace(painter, cell, colours, location, picture);
+        painter.setTransform(before);
+        if (isFine && side >= kNumbersFrom && picture.isNull()) {
+            painter.setPen(colours.text);
+            painter.drawText(QRectF(at, QSizeF()).adjusted(-side, -side, side, side),
+                Qt::AlignCenter, QString::number(location + 1));
         }
-        painter.rotate(-place.roll);
-        painter.translate(-at);
     }
     if (!points.isEmpty()) {
         painter.setPen(QPen(colours.text, std::clamp(side, 1.0, 3.0)));
@@ -280,7 +298,8 @@ void RecordMap::paintPlaces(QPainter &painter, const MapWindow &window, const Ma
 void RecordMap::paintPlace(QPainter &painter, const QRectF &cell, const MapColours &colours,
     int location, const QImage &picture) const
 {
-    const bool detailed = std::max(cell.width(), cell.height()) >= kPicturesFrom;
+    const bool detailed = painter.testRenderHint(QPainter::Antialiasing)
+        && std::max(cell.width(), cell.height()) >= kPicturesFrom;
     QColor frame = colours.text;
     frame.setAlpha(detailed ? 150 : 90);
     painter.setPen(detailed ? QPen(frame, 1) : QPen(Qt::NoPen));

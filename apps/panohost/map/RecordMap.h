@@ -48,6 +48,12 @@ struct MapColours {
 /// none (yet).
 using ThumbnailSource = std::function<QImage(int location, int side)>;
 
+enum class MapQuality {
+    /// For a moment, while the window moves.
+    Draft,
+    Fine,
+};
+
 /// Draws the map of a record: its locations, joined by its links.
 class RecordMap {
     Q_DECLARE_TR_FUNCTIONS(RecordMap)
@@ -62,7 +68,7 @@ public:
     static QRectF frameIn(const QRectF &whole, const QFontMetricsF &font);
     /// Draws what \a window shows, and the axes' labels beside it.
     void paint(QPainter &painter, const MapWindow &window, const MapColours &colours,
-        const ThumbnailSource &thumbnails) const;
+        const ThumbnailSource &thumbnails, MapQuality quality = MapQuality::Fine) const;
     /// Frames \a location.
     void paintMark(
         QPainter &painter, const MapWindow &window, const QColor &colour, int location) const;
@@ -89,6 +95,7 @@ private:
     void paintLinks(QPainter &painter, const MapWindow &window, const MapColours &colours) const;
     void paintPlaces(QPainter &painter, const MapWindow &window, const MapColours &colours,
         const ThumbnailSource &thumbnails) const;
+    bool isCrowded(const MapWindow &window) const;
     void paintPlace(QPainter &painter, const QRectF &cell, const MapColours &colours, int location,
         const QImage &picture) const;
 

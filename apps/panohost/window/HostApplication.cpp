@@ -23,9 +23,10 @@ QString settingKey(const QString &identifier, const QString &key)
 
 class HostApplication::Picture final : public ImageInfo {
 public:
-    Picture(PictureFacts facts, QPixmap &shownThumbnail)
+    Picture(PictureFacts facts, QPixmap &shownThumbnail, const float &focalOfAll)
         : m_facts(std::move(facts))
         , m_shownThumbnail(shownThumbnail)
+        , m_focalOfAll(focalOfAll)
     {
     }
 
@@ -34,13 +35,17 @@ public:
         m_shownThumbnail = QPixmap::fromImage(uprightThumbnail(m_facts));
         return m_shownThumbnail;
     }
-    float GetFocalLength() const override { return m_facts.focal; }
+    float GetFocalLength() const override
+    {
+        return m_focalOfAll > 0 ? m_focalOfAll : m_facts.focal;
+    }
     int GetLensType() const override { return m_facts.lensType; }
     float GetExposure() const override { return m_facts.brightness(); }
 
 private:
     PictureFacts m_facts;
     QPixmap &m_shownThumbnail;
+    const float &m_focalOfAll;
 };
 
 HostApplication::HostApplication(int &argc, char **argv)
@@ -124,7 +129,7 @@ ImageInfo *HostApplication::ReadImageInfo(const QString &path)
         Reading &reading = m_readings[path];
         reading = {changed, facts, nullptr};
         if (facts.readable) {
-            m_pictures.push_back(std::make_unique<Picture>(facts, m_thumbnail));
+            m_pictures.push_back(std::make_unique<Picture>(facts, m_thumbnail, m_focalOfAll));
             reading.picture = m_pictures.back().get();
             return reading.picture;
         }

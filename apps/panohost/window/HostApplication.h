@@ -19,7 +19,7 @@
 /// The application object of panohost's window, a host to the plug-ins.
 ///
 /// Delete the plug-ins before it: they save their pages' state through it.
-class HostApplication final : public QApplication, public ZIApplication {
+class HostApplication : public QApplication, public ZIApplication {
     Q_OBJECT
     Q_INTERFACES(ZIApplication)
 public:
@@ -31,6 +31,10 @@ public:
     /// Why the picture at \a path could not be read, in words that follow its name and a colon;
     /// empty when it could, or was not tried. Any thread.
     QString reasonFor(const QString &path) const;
+
+    /// From now on all pictures are said to have the focal length \a focal, in millimetres as on
+    /// 36 x 24 mm film; 0: each its own. Window's thread.
+    void setFocalOfAll(float focal) { m_focalOfAll = focal; }
 
     // ZIApplication
     QString GetImagesDirectory() override;
@@ -65,6 +69,7 @@ private:
     std::vector<std::unique_ptr<QTranslator>> m_translators;
     /// The one thumbnail that exists as a pixmap.
     QPixmap m_thumbnail;
+    float m_focalOfAll = 0;
 
     /// Guards what follows.
     mutable QMutex m_mutex;

@@ -1,0 +1,109 @@
+// SPDX-FileCopyrightText: 2026 The ZPanoHead authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "apps/panohost/window/ImportAdvice.h"
+
+#include <QCoreApplication>
+#include <QLocale>
+#include <cstdlib>
+
+namespace {
+
+struct AdviceTexts {
+    Q_DECLARE_TR_FUNCTIONS(ImportAdvice)
+};
+
+/// Before this a pace is mostly chance.
+constexpr int kFewestPictures = 3;
+constexpr qint64 kShortestTime = 500;
+
+QString number(int value)
+{
+    return QLocale().toString(value);
+}
+
+QString countProblem(int shots, int pictures)
+{
+    const QString text = pictures < shots
+        ? AdviceTexts::tr("The head took %1 pictures, but %2 are chosen. Missing: %3.")
+        : AdviceTexts::tr("The head took %1 pictures, but %2 are chosen. Too many: %3.");
+    return text.arg(number(shots), number(pictures), number(std::abs(shots - pictures)));
+}
+
+} // namespace
+
+ImportAdvice adviceFor(const ImportState &state)
+{
+    using Kind = ImportAdvice::Kind;
+    const HeadFile &file = state.file;
+    if (!state.refused.isEmpty())
+        return {Kind::Problem,
+            AdviceTexts::tr("“%1” is no file of this head and was left out.").arg(state.refused)};
+    if (state.wantsFile && !file.path.isEmpty() && !file.problem.isEmpty())
+        return {Kind::Problem, file.problem};
+    if (state.wantsFile && file.path.isEmpty() && state.pictures == 0)
+        return {Kind::NextStep,
+            AdviceTexts::tr("Drop the head's file and the pictures here, or choose them below.")};
+    if (state.pictures == 0)
+        return {Kind::NextStep,
+            state.wantsFile ? AdviceTexts::tr(
+                "The head took %1 pictures. Drop them here, or choose them below.")
+                                  .arg(number(file.shots))
+                            : AdviceTexts::tr("Drop the pictures here, or choose them below.")};
+    if (state.wantsFile && !file.path.isEmpty() && file.shots != state.pictures)
+        return {Kind::Problem, countProblem(file.shots, state.pictures)};
+    if (state.isReading())
+        return {Kind::Busy, AdviceTexts::tr("The pictures are being read.")};
+    if (state.unreadable > 0)
+        return {Kind::Problem,
+            AdviceTexts::tr("Pictures that cannot be read: %1. Put them right and try again, or "
+                            "choose others.")
+                .arg(number(state.unreadable))};
+    if (state.wantsFile && file.path.isEmpty())
+        return {
+            Kind::NextStep, AdviceTexts::tr("Now drop the head's file here, or choose it below.")};
+    if (!state.isComplete)
+        return {Kind::NextStep, AdviceTexts::tr("Check the settings below.")};
+    return {Kind::Ready,
+        AdviceTexts::tr("All %1 pictures are read. Check the settings below, then import.")
+            .arg(number(state.pictures))};
+}
+
+void ReadingPace::start(qint64 time)
+{
+    m_start = time;
+    m_elapsed = 0;
+    m_done = 0;
+}
+
+void ReadingPace::update(qint64 time, int done)
+{
+    if (done <= m_done)
+        return;
+    m_elapsed = time - m_start;
+    m_done = done;
+}
+
+qint64 ReadingPace::timeFor(int left) const
+{
+    if (m_done < kFewestPictures || m_elapsed < kShortestTime)
+        return -1;
+    return m_elapsed * left / m_done;
+}
+
+QString timeLeftText(qint64 milliseconds)
+{
+    if (milliseconds < 0)
+        return {};
+    const qint64 seconds = milliseconds / 1000;
+    if (seconds < 5)
+        return AdviceTexts::tr("a few seconds left");
+    if (seconds < 55)
+        return AdviceTexts::tr("about %1 seconds left").arg((seconds + 2) / 5 * 5);
+    const int minutes = int((seconds + 30) / 60);
+    if (minutes <= 1)
+        return AdviceTexts::tr("about a minute left");
+    if (minutes < 60)
+        return AdviceTexts::tr("about %1 minutes left").arg(minutes);
+    return AdviceTexts::tr("about %1 hours left").arg(QLocale().toString(minutes / 60.0, 'f', 1));
+}

@@ -1,0 +1,827 @@
+// SPDX-FileCopyrightText: 2026 The ZPanoHead authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "align/RecordJson.h"
+#include "apps/panohost/Module.h"
+#include "apps/panohost/window/DroppedFiles.h"
+#include "apps/panohost/window/HeadModule.h"
+#include "apps/panohost/window/MainWindow.h"
+#include "apps/panohost/window/MapView.h"
+#include "apps/panohost/window/SummaryPage.h"
+#include "apps/screenshots/WindowDriver.h"
+#include "tests/align/TestPicture.h"
+#include "tests/support/Gate.h"
+#include "tests/support/RecordDump.h"
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QDir>
+#include <QDoubleSpinBox>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QProcess>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QWizardPage>
+#include <memory>
+
+namespace {
+
+QString quoted(const char *text)
+{
+    return QString::fromUtf8(text);
+}
+
+/// The steps of a head's own turn: columns 30 degrees apart, in rows 25 degrees apart.
+struct Angles {
+    double yaw;
+    double pitch;
+};
+
+QVector<Angles> anglesOf(int shots, int brackets)
+{
+    QVector<Angles> angles;
+    for (int shot = 0; shot < shots; ++shot) {
+        const int location = shot / brackets;
+        angles.append({30.0 * (location / 3), 25.0 * (location % 3)});
+    }
+    return angles;
+}
+
+QByteArray shootingXml(int shots, int brackets, double focal)
+{
+    QString text = QStringLiteral("<papywizard><header>");
+    if (focal > 0)
+        text += QStringLiteral("<lens type='rectilinear'><focal>%1</focal></lens>").arg(focal);
+    text += QStringLiteral("<camera><sensor coef='1'/><bracketing nbPicts='%1'/></camera></header>"
+                           "<shoot>")
+                .arg(brackets);
+    int number = 0;
+    for (const Angles &angle : anglesOf(shots, brackets)) {
+        text
+            += QStringLiteral("<pict id='%1' bracket='%2'><position yaw='%3' pitch='%4'/></pict>\n")
+                   .arg(number + 1)
+                   .arg(number % brackets + 1)
+                   .arg(angle.yaw)
+                   .arg(angle.pitch);
+        ++number;
+    }
+    return (text + QStringLiteral("</shoot></papywizard>")).toUtf8();
+}
+
+QByteArray claussScript(int shots, double finer = 0)
+{
+    QString text;
+    for (const Angles &angle : anglesOf(shots, 1))
+        text += QStringLiteral("op_h-angle=%1\nop_v-angle=%2\nop_shoot\n")
+                    .arg(angle.yaw + finer)
+                    .arg(angle.pitch);
+    return text.toLatin1();
+}
+
+} // namespace
+
+/// Uses the window with mouse and keyboard, with the imports of the real module.
+class tst_MainWindow : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void importsLikeTheCommandLine_data();
+    void importsLikeTheCommandLine();
+    void importsAnother();
+    void offersHeadsForFiles_data();
+    void offersHeadsForFiles();
+    void opensTheOnlyHead();
+    void namesUnreadablePictures();
+    void stopsReading();
+    void asksForMissingPictures();
+    void keepsInputs();
+    void changesOfMindCostNothing();
+    void doubtsFocalLengths();
+    void asksForFocalLengths_data();
+    void asksForFocalLengths();
+    void takesFullAngles();
+    void takesFoldersOnThePage();
+    void leavesImports();
+    void worksByKeyboard();
+    void remembers();
+    void saysWhatModuleIsMissing_data();
+    void saysWhatModuleIsMissing();
+
+private:
+    static DrivenHost &host() { return static_cast<DrivenHost &>(*qApp); }
+    QString at(const char *name) const { return m_folder->filePath(QString::fromUtf8(name)); }
+    void open();
+    void close();
+    /// JPEGs 1.jpg and on; none tells a focal length of 0.
+    QStringList makePictures(int count, const char *focal = "24", int brackets = 1) const;
+    QString advice() const;
+    /// What the command line makes of the same; its project is cli.pto beside the window's.
+    ProjectRecord commandLine(const QString &head, const QStringList &arguments) const;
+    /// Presses Import and answers the question for the place.
+    void import(const QString &project);
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<QTemporaryDir> m_settings;
+    std::unique_ptr<HeadModule> m_module;
+    std::unique_ptr<MainWindow> m_window;
+    std::unique_ptr<WindowDriver> m_driver;
+    QVector<ProjectRecord> m_imported;
+    Gate m_gate;
+};
+
+void tst_MainWindow::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_settings = std::make_unique<QTemporaryDir>();
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings->path());
+    QSettings().clear();
+    m_imported.clear();
+    connect(&host(), &HostApplication::projectImported, this,
+        [this](const ProjectRecord &record) { m_imported.append(record); });
+    open();
+}
+
+void tst_MainWindow::cleanup()
+{
+    close(); // Nobody reads any more.
+    host().beforeReading = nullptr;
+    host().disconnect(this);
+}
+
+void tst_MainWindow::open()
+{
+    m_module = std::make_unique<HeadModule>(findModule());
+    QCOMPARE(m_module->problem(), QString());
+    m_window = std::make_unique<MainWindow>(host(), *m_module);
+    m_driver = std::make_unique<WindowDriver>(*m_window);
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+}
+
+void tst_MainWindow::close()
+{
+    if (m_window)
+        m_window->close();
+    m_driver.reset();
+    m_window.reset();
+    m_module.reset();
+}
+
+QStringList tst_MainWindow::makePictures(int count, const char *focal, int brackets) const
+{
+    static const char *const kTimes[] = {"1/400", "1/100", "1/25"};
+    QStringList paths;
+    for (int i = 0; i < count; ++i) {
+        const QString path
+            = m_folder->filePath(QStringLiteral("%1.jpg").arg(i + 1, 3, 10, QLatin1Char('0')));
+        Tags tags{{"Exif.Photo.FNumber", "8/1"},
+            {"Exif.Photo.ExposureTime", kTimes[brackets == 3 ? i % 3 : 1]}};
+        if (qstrcmp(focal, "0") != 0)
+            tags.emplace_back("Exif.Photo.FocalLengthIn35mmFilm", focal);
+        writeJpeg(path, QSize(60, 40), tags);
+        paths.append(path);
+    }
+    return paths;
+}
+
+QString tst_MainWindow::advice() const
+{
+    const auto *label = m_window->findChild<QLabel *>(QStringLiteral("advice"));
+    return label ? label->text() : QString();
+}
+
+ProjectRecord tst_MainWindow::commandLine(const QString &head, const QStringList &arguments) const
+{
+    QProcess program;
+    program.start(QStringLiteral(PANOHOST),
+        QStringList{QStringLiteral("import"), head} + arguments
+            + QStringList{QStringLiteral("--output"), at("cli.pto"), QStringLiteral("--record"),
+                at("cli.json"), QStringLiteral("--force")});
+    program.waitForFinished(60'000);
+    QString problem;
+    const auto record = recordFromJson(fileContent(at("cli.json")), &problem);
+    if (!record)
+        qWarning("%s %s", qPrintable(problem), program.readAllStandardError().constData());
+    return record.value_or(ProjectRecord());
+}
+
+void tst_MainWindow::import(const QString &project)
+{
+    bool isOnlyPlace = false;
+    WindowDriver::withDialogs([this] { QVERIFY(m_driver->click(QStringLiteral("Import"))); },
+        [&](QWidget *dialog, int number) {
+            auto *files = qobject_cast<QFileDialog *>(dialog);
+            isOnlyPlace = files && number == 0;
+            if (!files)
+                return;
+            files->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->setText(project);
+            static_cast<QDialog *>(files)->accept();
+        });
+    QVERIFY(isOnlyPlace);
+}
+
+void tst_MainWindow::importsLikeTheCommandLine_data()
+{
+    QTest::addColumn<QString>("head");
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<int>("pictures");
+    QTest::addColumn<int>("brackets");
+    QTest::addColumn<bool>("serpentine");
+    QTest::addColumn<QString>("saysPictures");
+
+    const auto row = [](const char *name, const char *head, const char *command, const char *file,
+                         int pictures, int brackets, bool serpentine, const char *says) {
+        QTest::newRow(name) << quoted(head) << quoted(command) << quoted(file) << pictures
+                            << brackets << serpentine << quoted(says);
+    };
+    row("Papywizard", "Papywizard", "papywizard", "shooting.xml", 36, 1, false, "36");
+    row("Papywizard, stacks", "Papywizard", "papywizard", "shooting.xml", 36, 3, false,
+        "36, in stacks of 3");
+    row("Clauss", "Clauss", "clauss", "script.txt", 36, 1, false, "36");
+    row("Gigapan", "Gigapan", "gigapan", "", 24, 1, false, "24");
+    row("Gigapan, serpentine", "Gigapan", "gigapan", "", 24, 1, true, "24");
+    row("VR Drive 2", "VRDrive2", "vrdrive2", "shooting.xml", 36, 3, false, "36, in stacks of 3");
+}
+
+void tst_MainWindow::importsLikeTheCommandLine()
+{
+    QFETCH(QString, head);
+    QFETCH(QString, command);
+    QFETCH(QString, file);
+    QFETCH(int, pictures);
+    QFETCH(int, brackets);
+    QFETCH(bool, serpentine);
+    QFETCH(QString, saysPictures);
+
+    const QStringList paths = makePictures(pictures, "24", brackets);
+    const QString config = file.isEmpty() ? QString() : m_folder->filePath(file);
+    if (file.endsWith(QLatin1String(".xml")))
+        writeFile(config, shootingXml(pictures, brackets, 35));
+    else if (!file.isEmpty())
+        writeFile(config, claussScript(pictures));
+
+    QVERIFY(m_driver->click(head));
+    QVERIFY(m_driver->drop({m_folder->path()}));
+    QVERIFY(m_driver->waitForPictures());
+    if (serpentine)
+        QVERIFY(m_driver->click(QStringLiteral("serpentine")));
+    QTRY_VERIFY2(advice().contains(QLatin1String("are read")), qPrintable(advice()));
+    import(at("window.pto"));
+
+    QStringList arguments;
+    if (!config.isEmpty())
+        arguments += QStringList{QStringLiteral("--config"), config};
+    if (serpentine)
+        arguments += QStringList{QStringLiteral("--order"), QStringLiteral("serpentine-up")};
+    QCOMPARE(m_imported.size(), 1);
+    QCOMPARE(dump(m_imported[0]), dump(commandLine(command, arguments + paths)));
+    QCOMPARE(fileContent(at("window.pto")), fileContent(at("cli.pto")));
+    QVERIFY(fileContent(at("window.pto")).contains("n\"001.jpg\""));
+
+    auto *summary = m_window->findChild<SummaryPage *>();
+    QVERIFY(summary && summary->isVisible());
+    QStringList shown;
+    for (const QLabel *label : summary->findChildren<QLabel *>())
+        shown += label->text();
+    const auto isShown = [&shown](const QString &text) { return shown.contains(text); };
+    const QString all = shown.join(QLatin1Char('|'));
+    QVERIFY2(isShown(saysPictures), qPrintable(all));
+    QVERIFY2(isShown(QStringLiteral("24 mm, from the pictures")), qPrintable(all));
+    QVERIFY2(isShown(QStringLiteral("standard, from the pictures")), qPrintable(all));
+    QVERIFY2(all.contains(at("window.pto")), qPrintable(all));
+    QCOMPARE(summary->map().map()->layout().places.size(), m_imported[0].groups.size());
+}
+
+void tst_MainWindow::importsAnother()
+{
+    makePictures(12);
+    writeFile(at("shooting.xml"), shootingXml(12, 1, 24));
+    for (const int shots : {12, 6}) {
+        QVERIFY(m_driver->click(QStringLiteral("Papywizard")));
+        // Nothing is left of the import before.
+        QCOMPARE(m_driver->page()->property("images").toStringList(), QStringList());
+        QCOMPARE(m_driver->page()->property("configFile").toString(), QString());
+        writeFile(at("shooting.xml"), shootingXml(shots, 1, 24));
+        if (shots == 6) {
+            for (int i = 7; i <= 12; ++i)
+                QFile::remove(
+                    m_folder->filePath(QStringLiteral("%1.jpg").arg(i, 3, 10, QLatin1Char('0'))));
+        }
+        QVERIFY(m_driver->drop({m_folder->path()}));
+        QVERIFY(m_driver->waitForPictures());
+        import(m_folder->filePath(QStringLiteral("%1.pto").arg(shots)));
+        QCOMPARE(m_imported.last().groups.size(), shots);
+        QCOMPARE(m_imported.last().yaws.size(), shots);
+        QVERIFY(m_driver->click(QStringLiteral("another")));
+    }
+}
+
+void tst_MainWindow::offersHeadsForFiles_data()
+{
+    QTest::addColumn<QStringList>("dropped");
+    QTest::addColumn<QString>("says");
+    QTest::addColumn<QStringList>("heads");
+
+    const QStringList all{QStringLiteral("Clauss"), QStringLiteral("Gigapan"),
+        QStringLiteral("Papywizard"), QStringLiteral("VRDrive2")};
+    const QStringList xml = all.mid(2);
+    const auto row
+        = [](const char *name, const char *dropped, const char *says, const QStringList &heads) {
+              QTest::newRow(name) << quoted(dropped).split(QLatin1Char(' '), Qt::SkipEmptyParts)
+                                  << quoted(says) << heads;
+          };
+    row("shooting file", "shooting.xml", "“shooting.xml” tells of 6 shots. Which", xml);
+    row("capital suffix", "SHOOTING.XML", "“SHOOTING.XML” tells of 6 shots. Which", xml);
+    row("with pictures", "001.jpg shooting.xml 002.jpg", "and 2 pictures come with it", xml);
+    row("folder", "folder", "“inside.xml” tells of 3 shots, and 1 pictures", xml);
+    row("pictures", "001.jpg 002.jpg", "2 pictures without the file of a head", all);
+    row("preset list", "presets.xml", "“presets.xml” is a list of presets and holds no shots", all);
+    row("preset list and pictures", "presets.xml 001.jpg", "1 pictures without", all);
+    row("no shots", "empty.xml", "“empty.xml” holds no shots", all);
+    row("no XML", "garbage.xml", "“garbage.xml” is damaged or no shooting file. Line 1", all);
+    row("cut short", "cut.xml", "“cut.xml” is damaged", all);
+    row("empty file", "zero.xml", "“zero.xml” is damaged", all);
+    row("a letter", "letter.txt", "“letter.txt” holds no shots", all);
+    row("gone", "gone.xml", "There is no file “gone.xml”", all);
+    row("empty folder", "bare", "", all);
+    row("good after bad", "presets.xml shooting.xml", "“shooting.xml” tells of 6 shots", xml);
+    row("bad after good", "shooting.xml presets.xml", "“shooting.xml” tells of 6 shots", xml);
+}
+
+void tst_MainWindow::offersHeadsForFiles()
+{
+    QFETCH(QStringList, dropped);
+    QFETCH(QString, says);
+    QFETCH(QStringList, heads);
+
+    makePictures(2);
+    const QByteArray xml = shootingXml(6, 1, 24);
+    writeFile(at("shooting.xml"), xml);
+    writeFile(at("SHOOTING.XML"), xml);
+    writeFile(at("presets.xml"),
+        "<papywizard><preset name='a'><shoot><pict/></shoot></preset></papywizard>");
+    writeFile(at("empty.xml"), "<papywizard/>");
+    writeFile(at("garbage.xml"), "BM\0\1\2");
+    writeFile(at("cut.xml"), xml.left(xml.size() / 2));
+    writeFile(at("zero.xml"), {});
+    writeFile(at("letter.txt"), "Dear head,\nturn to the left.\n");
+    for (const char *folder : {"bare", "folder"})
+        QVERIFY(QDir(m_folder->path()).mkdir(QLatin1String(folder)));
+    writeFile(at("folder/inside.xml"), shootingXml(3, 1, 24));
+    writeFile(at("folder/other.xml"), "<svg/>");
+    writeFile(at("folder/notes.txt"), "nothing");
+    QVERIFY(QFile::copy(at("001.jpg"), at("folder/001.jpg")));
+
+    QStringList paths;
+    for (const QString &name : dropped)
+        paths += m_folder->filePath(name);
+    m_driver->drop(paths);
+
+    const auto *notice = m_window->findChild<QFrame *>(QStringLiteral("notice"));
+    QCOMPARE(notice->isVisible(), !says.isEmpty());
+    if (!says.isEmpty()) {
+        const QString text = notice->findChild<QLabel *>()->text();
+        QVERIFY2(text.contains(says), qPrintable(text));
+    }
+    QStringList offered;
+    for (const char *head : {"Clauss", "Gigapan", "Papywizard", "VRDrive2"}) {
+        if (m_driver->button(QLatin1String(head))->isEnabled())
+            offered += QLatin1String(head);
+    }
+    QCOMPARE(offered, heads);
+
+    // A clean slate again.
+    if (m_driver->click(QStringLiteral("forget")))
+        QVERIFY(!notice->isVisible());
+    QVERIFY(m_driver->click(QStringLiteral("Clauss")));
+    QCOMPARE(m_driver->page()->property("images").toStringList(), QStringList());
+}
+
+void tst_MainWindow::opensTheOnlyHead()
+{
+    const QStringList pictures = makePictures(6);
+    writeFile(at("SCRIPT.TXT"), claussScript(6));
+    QVERIFY(m_driver->drop(pictures + QStringList(at("SCRIPT.TXT"))));
+    QVERIFY(m_driver->page());
+    QCOMPARE(m_driver->page()->property("configFile").toString(), at("SCRIPT.TXT"));
+    QVERIFY(m_driver->waitForPictures());
+}
+
+void tst_MainWindow::namesUnreadablePictures()
+{
+    const QStringList paths = makePictures(6);
+    writeFile(at("shooting.xml"), shootingXml(6, 1, 24));
+    const QByteArray whole = fileContent(paths[2]);
+    writeFile(paths[2], whole.left(whole.size() / 2));
+    writeFile(paths[4], {});
+    QVERIFY(QFile::remove(paths[5]));
+
+    QVERIFY(m_driver->click(QStringLiteral("Papywizard")));
+    QVERIFY(m_driver->drop(paths + QStringList(at("shooting.xml"))));
+    const auto *list = m_window->findChild<QListWidget *>(QStringLiteral("unreadable"));
+    QTRY_COMPARE(list->count(), 3);
+    const QStringList names{
+        QStringLiteral("003.jpg: "), QStringLiteral("005.jpg: "), QStringLiteral("006.jpg: ")};
+    for (int i = 0; i < 3; ++i) {
+        QVERIFY2(list->item(i)->text().startsWith(names[i]), qPrintable(list->item(i)->text()));
+        QVERIFY(list->item(i)->text().size() > names[i].size());
+    }
+    QTRY_VERIFY2(advice().contains(QLatin1String("cannot be read: 3")), qPrintable(advice()));
+    QVERIFY(!m_driver->button(QStringLiteral("Import"))->isEnabled());
+
+    writeFile(paths[2], whole);
+    QVERIFY(m_driver->click(QStringLiteral("retry")));
+    QTRY_COMPARE(list->count(), 2);
+    QVERIFY(!m_driver->page()->isComplete());
+    writeFile(paths[4], whole);
+    writeFile(paths[5], whole);
+    QTRY_VERIFY(m_driver->click(QStringLiteral("retry")));
+    QVERIFY(m_driver->waitForPictures());
+    QTRY_VERIFY(!list->isVisible());
+    import(at("x.pto"));
+    QCOMPARE(m_imported.size(), 1);
+}
+
+void tst_MainWindow::stopsReading()
+{
+    const QStringList paths = makePictures(30);
+    writeFile(at("shooting.xml"), shootingXml(30, 1, 24));
+    const Gate::Hold hold(m_gate);
+    host().beforeReading = [this](const QString &) { m_gate.enter(); };
+
+    QVERIFY(m_driver->click(QStringLiteral("Papywizard")));
+    QVERIFY(m_driver->drop({m_folder->path()}));
+    QVERIFY(m_gate.awaitArrival());
+    m_gate.pass(21);
+    const auto *progress = m_window->findChild<QProgressBar *>(QStringLiteral("progress"));
+    QTRY_VERIFY(progress->value() >= 20);
+    QVERIFY(progress->value() <= 21);
+    QCOMPARE(progress->maximum(), 30);
+    QCOMPARE(progress->text(), QStringLiteral("%1 of 30 pictures").arg(progress->value()));
+    QVERIFY(progress->isVisible());
+
+    // Stopping waits for the picture under way.
+    connect(m_driver->button(QStringLiteral("stop")), &QAbstractButton::pressed, this,
+        [this] { m_gate.open(); });
+    QVERIFY(m_driver->click(QStringLiteral("stop")));
+    QTRY_VERIFY(!progress->isVisible());
+    QCOMPARE(m_driver->page()->property("images").toStringList(), QStringList());
+    QCOMPARE(m_driver->page()->property("configFile").toString(), at("shooting.xml"));
+    QVERIFY2(advice().contains(QLatin1String("The head took 30 pictures")), qPrintable(advice()));
+
+    QVERIFY(m_driver->drop(paths));
+    QVERIFY(m_driver->waitForPictures());
+}
+
+void tst_MainWindow::asksForMissingPictures()
+{
+    QStringList paths = makePictures(7);
+    writeFile(at("shooting.xml"), shootingXml(6, 1, 24));
+    QVERIFY(m_driver->click(QStringLiteral("VRDrive2")));
+    QVERIFY2(advice().contains(QLatin1String("Drop the head's file")), qPrintable(advice()));
+    const auto says
+        = [this](const char *text) { return advice().contains(QString::fromUtf8(text)); };
+
+    QVERIFY(m_driver->drop({at("shooting.xml")}));
+    QTRY_VERIFY2(says("The head took 6 pictures."), qPrintable(advice()));
+    QVERIFY(m_driver->drop(paths));
+    QTRY_VERIFY2(says("6 pictures, but 7 are chosen. Too many: 1."), qPrintable(advice()));
+    QVERIFY(m_driver->drop(paths.mid(0, 4)));
+    QTRY_VERIFY2(says("6 pictures, but 4 are chosen. Missing: 2."), qPrintable(advice()));
+    QVERIFY(m_driver->drop(paths.mid(0, 6)));
+    QVERIFY(m_driver->waitForPictures());
+    QTRY_VERIFY2(says("All 6 pictures are read."), qPrintable(advice()));
+
+    // A wrong file is told as such, a script is none of this head's business.
+    writeFile(at("presets.xml"), "<papywizard><preset/></papywizard>");
+    QVERIFY(m_driver->drop({at("presets.xml")}));
+    QTRY_VERIFY2(says("list of presets"), qPrintable(advice()));
+    writeFile(at("script.txt"), claussScript(6));
+    QVERIFY(m_driver->drop({at("script.txt")}, m_driver->page()));
+    QTRY_VERIFY2(says("“script.txt” is no file of this head"), qPrintable(advice()));
+    QCOMPARE(m_driver->page()->property("images").toStringList().size(), 6);
+    QVERIFY(m_driver->drop({at("shooting.xml")}));
+    QTRY_VERIFY2(says("All 6 pictures are read."), qPrintable(advice()));
+}
+
+void tst_MainWindow::keepsInputs()
+{
+    const QStringList paths = makePictures(6);
+    writeFile(at("shooting.xml"), shootingXml(6, 1, 24));
+    QVERIFY(QFile::link(paths[0], at("link.pto")));
+    QVERIFY(m_driver->click(QStringLiteral("Papywizard")));
+    QVERIFY(m_driver->drop({m_folder->path()}));
+    QVERIFY(m_driver->waitForPictures());
+    const QByteArray picture = fileContent(paths[0]);
+    const QByteArray file = fileContent(at("shooting.xml"));
+
+    const QStringList places{paths[0], at("shooting.xml"), at("link.pto"), at("good.pto")};
+    int asked = 0;
+    QStringList complaints;
+    WindowDriver::withDialogs([this] { QVERIFY(m_driver->click(QStringLiteral("Import"))); },
+        [&](QWidget *dialog, int) {
+            if (auto *files = qobject_cast<QFileDialog *>(dialog)) {
+                if (asked == 0)
+                    QCOMPARE(files->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->text(),
+                        QStringLiteral("shooting.pto"));
+                files->setOption(QFileDialog::DontConfirmOverwrite);
+                files->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))
+                    ->setText(places.value(asked++));
+                static_cast<QDialog *>(files)->accept();
+            } else if (auto *box = qobject_cast<QMessageBox *>(dialog)) {
+                complaints += box->text();
+            }
+        });
+    QCOMPARE(asked, 4);
+    QCOMPARE(complaints.size(), 3);
+    QVERIFY2(complaints[0].contains(QLatin1String("001.jpg")), qPrintable(complaints[0]));
+    QCOMPARE(fileContent(paths[0]), picture);
+    QCOMPARE(fileContent(at("shooting.xml")), file);
+    QVERIFY(fileContent(at("good.pto")).startsWith("# hugin project file"));
+}
+
+void tst_MainWindow::changesOfMindCostNothing()
+{
+    const QStringList paths = makePictures(9, "24", 3);
+    writeFile(at("shooting.xml"), shootingXml(9, 3, 24));
+    QVERIFY(m_driver->click(QStringLiteral("VRDrive2")));
+    QVERIFY(m_driver->drop({m_folder->path()}));
+    QVERIFY(m_driver->waitForPictures());
+    for (int i = 0; i < 2; ++i) {
+        WindowDriver::withDialogs([this] { QVERIFY(m_driver->click(QStringLiteral("Import"))); },
+            [](QWidget *dialog, int) { static_cast<QDialog *>(dialog)->reject(); });
+        QVERIFY(m_driver->page());
+    }
+    import(at("window.pto"));
+    // The page handed over three imports in one; the project is of one.
+    QCOMPARE(m_imported.last().groups.size(), 9);
+    commandLine(QStringLiteral("vrdrive2"),
+        QStringList{QStringLiteral("--config"), at("shooting.xml")} + paths);
+    QCOMPARE(fileContent(at("window.pto")), fileContent(at("cli.pto")));
+}
+
+void tst_MainWindow::doubtsFocalLengths()
+{
+    makePictures(36, "0");
+    writeFile(at("shooting.xml"), shootingXml(36, 1, 0));
+    QVERIFY(m_driver->click(QStringLiteral("Papywizard")));
+    QVERIFY(m_driver->drop({m_folder->path()}));
+    QVERIFY(m_driver->waitForPictures());
+
+    QString warning;
+    int count
+        = WindowDriver::withDialogs([this] { QVERIFY(m_driver->click(QStringLiteral("Import"))); },
+            [&warning](QWidget *dialog, int) {
+                if (auto *box = qobject_cast<QMessageBox *>(dialog)) {
+                    warning = box->text();
+                    box->defaultButton()->click();
+                }
+            });
+    QCOMPARE(count, 1);
+    QVERIFY2(
+        warning.contains(QLatin1String("No lens has a focal length of 1 mm")), qPrintable(warning));
+    QVERIFY(!QFile::exists(at("shooting.pto")));
+
+    auto *focal = m_driver->page()->findChild<QDoubleSpinBox *>(QStringLiteral("m_spFocal"));
+    focal->setValue(2000);
+    count
+        = WindowDriver::withDialogs([this] { QVERIFY(m_driver->click(QStringLiteral("Import"))); },
+            [&](QWidget *dialog, int number) {
+                if (auto *box = qobject_cast<QMessageBox *>(dialog)) {
+                    warning = box->text();
+                    for (QAbstractButton *button : box->buttons()) {
+                        if (box->buttonRole(button) == QMessageBox::AcceptRole)
+                            button->click();
+                    }
+                } else if (number == 1) {
+                    static_cast<QDialog *>(dialog)->accept();
+                }
+            });
+    QCOMPARE(count, 2);
+    QVERIFY2(warning.contains(QLatin1String("No location is linked")), qPrintable(warning));
+    QVERIFY(QFile::exists(at("shooting.pto")));
+}
+
+void tst_MainWindow::asksForFocalLengths_data()
+{
+    QTest::addColumn<QString>("head");
+    QTest::addColumn<QString>("command");
+    QTest::newRow("Clauss") << QStringLiteral("Clauss") << QStringLiteral("clauss");
+    QTest::newRow("Gigapan") << QStringLiteral("Gigapan") << QStringLiteral("gigapan");
+}
+
+void tst_MainWindow::asksForFocalLengths()
+{
+    QFETCH(QString, head);
+    QFETCH(QString, command);
+    const QStringList paths = makePictures(12, "0");
+    QStringList arguments{QStringLiteral("--focal"), QStringLiteral("35")};
+    if (command == QLatin1String("clauss")) {
+        writeFile(at("script.txt"), claussScript(12));
+        arguments += QStringList{QStringLiteral("--config"), at("script.txt")};
+    }
+    QVERIFY(m_driver->click(head));
+    QVERIFY(m_driver->drop({m_folder->path()}));
+    QVERIFY(m_driver->waitForPictures());
+
+    int count
+        = WindowDriver::withDialogs([this] { QVERIFY(m_driver->click(QStringLiteral("Import"))); },
+            [](QWidget *dialog, int) { static_cast<QDialog *>(dialog)->reject(); });
+    QCOMPARE(count, 1);
+    QVERIFY(m_driver->page());
+
+    count
+        = WindowDriver::withDialogs([this] { QVERIFY(m_driver->click(QStringLiteral("Import"))); },
+            [this](QWidget *dialog, int) {
+                if (auto *question = qobject_cast<QInputDialog *>(dialog)) {
+                    question->setDoubleValue(35);
+                    question->accept();
+                } else if (auto *files = qobject_cast<QFileDialog *>(dialog)) {
+                    files->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))
+                        ->setText(at("window.pto"));
+                    static_cast<QDialog *>(files)->accept();
+                }
+            });
+    QCOMPARE(count, 2);
+    const ProjectRecord told = commandLine(command, arguments + paths);
+    QVERIFY(!told.links.isEmpty());
+    QCOMPARE(fileContent(at("window.pto")), fileContent(at("cli.pto")));
+    const auto *map = m_window->findChild<MapView *>()->map();
+    int links = 0;
+    for (const MapLinks &kind : map->layout().links)
+        links += kind.count;
+    QCOMPARE(links, told.links.size());
+}
+
+void tst_MainWindow::takesFullAngles()
+{
+    const QStringList paths = makePictures(12);
+    writeFile(at("script.txt"), claussScript(12, 0.755));
+    writeFile(at("whole.txt"), claussScript(12));
+    QVERIFY(m_driver->click(QStringLiteral("Clauss")));
+    const auto *choice = m_window->findChild<QCheckBox *>(QStringLiteral("fullAngles"));
+    QVERIFY(m_driver->drop({at("whole.txt")}));
+    QTest::qWait(0);
+    QVERIFY(!choice->isVisible());
+    QVERIFY(m_driver->drop(paths + QStringList(at("script.txt"))));
+    QVERIFY(m_driver->waitForPictures());
+    QTRY_VERIFY(choice->isVisible());
+    QVERIFY2(choice->toolTip().contains(QLatin1String("0.755")), qPrintable(choice->toolTip()));
+    QVERIFY(m_driver->click(QStringLiteral("fullAngles")));
+    QVERIFY(choice->isChecked());
+    QVERIFY(m_driver->waitForPictures());
+    import(at("window.pto"));
+    QCOMPARE(dump(m_imported.last()),
+        dump(commandLine(QStringLiteral("clauss"),
+            QStringList{
+                QStringLiteral("--config"), at("script.txt"), QStringLiteral("--full-angles")}
+                + paths)));
+
+    // The next import begins with whole degrees again.
+    QVERIFY(m_driver->click(QStringLiteral("another")));
+    QVERIFY(m_driver->click(QStringLiteral("Clauss")));
+    QVERIFY(m_driver->drop(paths + QStringList(at("script.txt"))));
+    QVERIFY(m_driver->waitForPictures());
+    import(at("whole.pto"));
+    QCOMPARE(dump(m_imported.last()),
+        dump(commandLine(QStringLiteral("clauss"),
+            QStringList{QStringLiteral("--config"), at("script.txt")} + paths)));
+}
+
+void tst_MainWindow::takesFoldersOnThePage()
+{
+    makePictures(6);
+    writeFile(at("shooting.xml"), shootingXml(6, 1, 24));
+    writeFile(at("notes.txt"), "nothing");
+    QVERIFY(m_driver->click(QStringLiteral("Papywizard")));
+    QVERIFY(m_driver->drop({m_folder->path()}, m_driver->page()));
+    QVERIFY(m_driver->waitForPictures());
+    QCOMPARE(m_driver->page()->property("images").toStringList().size(), 6);
+}
+
+void tst_MainWindow::leavesImports()
+{
+    makePictures(6);
+    writeFile(at("shooting.xml"), shootingXml(6, 1, 24));
+    const auto leave = [this](QMessageBox::StandardButton answer) {
+        return WindowDriver::withDialogs(
+            [this] { QTest::keyClick(m_driver->page(), Qt::Key_Escape); },
+            [answer](QWidget *dialog, int) {
+                if (auto *box = qobject_cast<QMessageBox *>(dialog))
+                    box->button(answer)->click();
+            });
+    };
+    QVERIFY(m_driver->click(QStringLiteral("Papywizard")));
+    QPointer<QWizardPage> page = m_driver->page();
+    QCOMPARE(leave(QMessageBox::NoButton), 0);
+    QVERIFY(m_driver->button(QStringLiteral("Clauss")));
+
+    QVERIFY(m_driver->click(QStringLiteral("Papywizard")));
+    QCOMPARE(m_driver->page(), page.data());
+    QVERIFY(m_driver->drop({m_folder->path()}));
+    QVERIFY(m_driver->waitForPictures());
+    QCOMPARE(leave(QMessageBox::No), 1);
+    QCOMPARE(m_driver->page(), page.data());
+    QCOMPARE(leave(QMessageBox::Yes), 1);
+    QTRY_VERIFY(page && !page->parent());
+    QCOMPARE(page->property("images").toStringList(), QStringList());
+
+    // The window may go with an import under way; the page is the plug-in's.
+    QVERIFY(m_driver->click(QStringLiteral("Papywizard")));
+    QVERIFY(m_driver->drop({m_folder->path()}));
+    m_driver.reset();
+    m_window.reset();
+    QVERIFY(page && !page->parent());
+    m_module.reset();
+    QVERIFY(!page);
+}
+
+void tst_MainWindow::worksByKeyboard()
+{
+    const QStringList paths = makePictures(6);
+    writeFile(at("shooting.xml"), shootingXml(6, 1, 24));
+    QVERIFY(m_driver->drop({m_folder->path()}));
+    QWidget *focused = m_window->focusWidget();
+    QCOMPARE(focused->objectName(), QStringLiteral("Papywizard"));
+    QTest::keyClick(focused, Qt::Key_Return);
+    QVERIFY(m_driver->waitForPictures());
+    WindowDriver::withDialogs([this] { QTest::keyClick(m_driver->page(), Qt::Key_Return); },
+        [](QWidget *dialog, int) { QTest::keyClick(dialog, Qt::Key_Return); });
+    QVERIFY(QFile::exists(at("shooting.pto")));
+    auto *another = m_driver->button(QStringLiteral("another"));
+    QVERIFY(another);
+    another->setFocus();
+    QTest::keyClick(another, Qt::Key_Return);
+    QCOMPARE(m_window->focusWidget()->objectName(), QStringLiteral("Papywizard"));
+}
+
+void tst_MainWindow::remembers()
+{
+    QVERIFY(m_driver->click(QStringLiteral("Gigapan")));
+    m_window->resize(777, 701);
+    close();
+    open();
+    QCOMPARE(m_window->size(), QSize(777, 701));
+    QCOMPARE(m_window->focusWidget()->objectName(), QStringLiteral("Gigapan"));
+
+    close();
+    QSettings().setValue(QStringLiteral("Window/Geometry"), QByteArray("\1\2garbage"));
+    QSettings().setValue(QStringLiteral("Window/LastImport"), QStringLiteral("no such head"));
+    open();
+    QVERIFY(m_window->width() > 400);
+    QCOMPARE(m_window->focusWidget()->objectName(), QStringLiteral("Clauss"));
+}
+
+void tst_MainWindow::saysWhatModuleIsMissing_data()
+{
+    QTest::addColumn<QString>("module");
+    QTest::addColumn<bool>("exists");
+    QTest::newRow("gone") << QStringLiteral("gone.so") << false;
+    QTest::newRow("no library") << QStringLiteral("text.so") << true;
+}
+
+void tst_MainWindow::saysWhatModuleIsMissing()
+{
+    QFETCH(QString, module);
+    QFETCH(bool, exists);
+    close();
+    const QString path = m_folder->filePath(module);
+    if (exists)
+        writeFile(path, "no library");
+    const HeadModule broken(path);
+    QVERIFY(broken.imports().empty());
+    QVERIFY2(broken.problem().contains(path), qPrintable(broken.problem()));
+    // What the loader says stands behind the path.
+    QVERIFY2(broken.problem().size() > broken.problem().lastIndexOf(module) + module.size() + 10,
+        qPrintable(broken.problem()));
+    MainWindow window(host(), broken);
+    window.show();
+    bool isShown = false;
+    for (const QLabel *label : window.findChildren<QLabel *>())
+        isShown = isShown || (label->isVisible() && label->text() == broken.problem());
+    QVERIFY(isShown);
+    WindowDriver(window).drop(makePictures(2));
+}
+
+int main(int argc, char **argv)
+{
+    QCoreApplication::setOrganizationName(QStringLiteral("ZPanoHead tests"));
+    QCoreApplication::setApplicationName(QStringLiteral("tst_MainWindow"));
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+    DrivenHost host(argc, argv);
+    tst_MainWindow test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "tst_MainWindow.moc"
