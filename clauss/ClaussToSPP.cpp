@@ -16,7 +16,7 @@
 namespace {
 
 /// A script of the 70,000 pictures of the largest panorama is a sixtieth of this.
-constexpr qint64 kLargestScript = 64 * 1024 * 1024;
+constexpr qint64 kLargestScript = qint64(64) * 1024 * 1024;
 
 /// The bytes of a file, or why there are none.
 struct FileContent {

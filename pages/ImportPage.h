@@ -38,6 +38,9 @@ public:
     explicit ImportPage(QWidget *parent = nullptr);
     ~ImportPage() override;
 
+    // Without Q_OBJECT tr() would silently look in QWizardPage's context.
+    static QString tr(const char *, const char * = nullptr, int = -1) = delete;
+
     /// What the page remembers between runs, for the host's settings.
     virtual QByteArray SaveState() const;
     virtual void RestoreState(const QByteArray &state);
@@ -62,8 +65,6 @@ protected:
 
     /// A text in the context of the page's own class.
     QString text(const char *source) const;
-    // Without Q_OBJECT tr() would silently look in QWizardPage's context.
-    static QString tr(const char *, const char * = nullptr, int = -1) = delete;
 
     const QStringList &pictures() const { return m_pictures; }
     /// Data of the pictures read so far, in their order. The host owns them.

@@ -53,8 +53,8 @@ Reading read(QByteArray xml)
 /// Hands out its bytes once.
 class Pipe : public QIODevice {
 public:
-    explicit Pipe(const QByteArray &bytes)
-        : m_bytes(bytes)
+    explicit Pipe(QByteArray bytes)
+        : m_bytes(std::move(bytes))
     {
         open(QIODevice::ReadOnly);
     }

@@ -191,8 +191,8 @@ QStringList picturePaths(const QString &folder, int count)
 
 QStringList makePictures(const QString &folder, int count)
 {
-    const QStringList paths = picturePaths(folder, count);
-    for (const QString &path : paths)
+    QStringList paths = picturePaths(folder, count);
+    for (const QString &path : qAsConst(paths))
         makeFile(path, {});
     return paths;
 }
