@@ -15,6 +15,8 @@ namespace {
 using Direction = std::array<double, 3>;
 
 constexpr double kDegree = geometry::kPi / 180;
+/// Pixels; some ten times the largest panorama ever published.
+constexpr double kWidestCanvas = 10'000'000;
 
 /// A picture's view: from its pixels to directions, by Ry(yaw) Rx(pitch) Rz(roll).
 class View {
@@ -137,10 +139,12 @@ Canvas Coverage::canvas() const
 
     Canvas canvas;
     canvas.angle = std::min(360, int(std::ceil(2 * std::max({-left, right, 0.5}))));
-    const double width = canvas.angle * kDegree * m_scale;
+    // A picture that claims an absurd size must not make the canvas overflow.
+    const double width = std::min(canvas.angle * kDegree * m_scale, kWidestCanvas);
     canvas.size.setWidth(std::max(2, 2 * int(width / 2)));
     const double perDegree = double(canvas.size.width()) / canvas.angle;
-    const double halfHeight = perDegree * std::max({-m_bottom, m_top, 0.0});
+    const double halfHeight
+        = std::min(perDegree * std::max({-m_bottom, m_top, 0.0}), kWidestCanvas / 2);
     canvas.size.setHeight(std::max(1, qRound(2 * halfHeight)));
     const double centreX = canvas.size.width() / 2.0;
     const double centreY = canvas.size.height() / 2.0;

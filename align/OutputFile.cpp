@@ -3,8 +3,11 @@
 
 #include "align/OutputFile.h"
 
+#include "align/PictureFacts.h"
+
 #include <QFile>
 #include <QFileInfo>
+#include <QImageReader>
 #include <QSaveFile>
 #include <memory>
 #include <optional>
@@ -22,10 +25,21 @@ std::optional<QPair<quint64, quint64>> fileId(const QString &path)
     return qMakePair(quint64(status.st_dev), quint64(status.st_ino));
 }
 
+/// Whether the file at \a path may be a picture or what a head wrote, which nobody means to lose.
+bool isPrecious(const QString &path)
+{
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    if (suffix == QLatin1String("pto") || suffix == QLatin1String("json"))
+        return false;
+    return suffix == QLatin1String("xml") || suffix == QLatin1String("txt") || isPictureName(path)
+        || !QImageReader::imageFormat(path).isEmpty();
+}
+
 } // namespace
 
-OutputGuard::OutputGuard(const QStringList &inputs, bool force)
+OutputGuard::OutputGuard(const QStringList &inputs, bool force, Writes writes)
     : m_force(force)
+    , m_writes(writes)
 {
     for (const QString &path : inputs) {
         if (const auto id = fileId(path))
@@ -48,7 +62,21 @@ QString OutputGuard::objection(const QString &path) const
         return QStringLiteral("is one of the files that the import reads");
     if (!info.isFile())
         return QStringLiteral("is no regular file");
+    if (m_writes == Writes::Projects && isPrecious(path))
+        return QStringLiteral("is a picture or a head's file, which is never written over");
     return m_force ? QString() : QStringLiteral("exists already; --force writes over it");
+}
+
+bool isSameFile(const QString &a, const QString &b)
+{
+    const auto idA = fileId(a);
+    const auto idB = fileId(b);
+    if (idA && idB)
+        return *idA == *idB;
+    const QFileInfo infoA(a);
+    const QFileInfo infoB(b);
+    return infoA.fileName() == infoB.fileName()
+        && fileId(infoA.absolutePath()) == fileId(infoB.absolutePath());
 }
 
 QString writeWhole(const QVector<OutputFile> &files)

@@ -12,9 +12,13 @@
 /// Says where an import may write.
 class OutputGuard {
 public:
+    /// What is written: where it is a picture itself, other pictures are written over, too.
+    enum class Writes { Projects, Pictures };
+
     /// \a inputs are the files that the import reads: never written over, by whatever name (links
-    /// included) they are called. Other files that exist are written over when \a force is set.
-    OutputGuard(const QStringList &inputs, bool force);
+    /// included) they are called, and neither is any other picture or head's file. Other files that
+    /// exist are written over when \a force is set.
+    OutputGuard(const QStringList &inputs, bool force, Writes writes = Writes::Projects);
 
     /// Why \a path must not be written, in words that follow its name and a colon; empty when it
     /// may.
@@ -24,7 +28,11 @@ private:
     using FileId = QPair<quint64, quint64>;
     QSet<FileId> m_inputs;
     bool m_force;
+    Writes m_writes;
 };
+
+/// Whether \a a and \a b are one file, or would be once written, by whatever names.
+bool isSameFile(const QString &a, const QString &b);
 
 struct OutputFile {
     QString path;

@@ -75,16 +75,22 @@ QVector<bool> anchors(const ProjectRecord &record)
     return result;
 }
 
-/// Exposure value of the output: the middle one of the stacks' reference pictures.
+/// Exposure value of the output: the middle one of the stacks' reference pictures, 0 when none is
+/// known.
 double outputExposure(const ProjectRecord &record, const PictureTable &pictures)
 {
     QVector<double> values;
     values.reserve(record.groups.size());
     for (const QStringList &stack : record.groups) {
-        if (!stack.isEmpty())
-            values.append(
-                pictures.value(stack.at(referencePicture(record, stack, pictures))).exposureValue);
+        if (stack.isEmpty())
+            continue;
+        const double value
+            = pictures.value(stack.at(referencePicture(record, stack, pictures))).exposureValue;
+        if (value != 0)
+            values.append(value);
     }
+    if (values.isEmpty())
+        return 0;
     const auto middle = values.begin() + (values.size() - 1) / 2;
     std::nth_element(values.begin(), middle, values.end());
     return *middle;
@@ -97,6 +103,7 @@ public:
         , m_pictures(pictures)
         , m_folder(std::move(folder))
         , m_anchors(anchors(record))
+        , m_outputExposure(outputExposure(record, pictures))
     {
     }
 
@@ -118,7 +125,10 @@ public:
                 addLinks({"r", "p", "y"}, owner);
             else
                 addPlace(turned, !(m_anchors.at(location) && m_count == owner));
-            m_images.append(" Eev").append(decimal(facts.exposureValue)).append(" Er1 Eb1");
+            // A picture of unknown exposure is left as bright as it is.
+            const double exposure
+                = facts.exposureValue != 0 ? facts.exposureValue : m_outputExposure;
+            m_images.append(" Eev").append(decimal(exposure)).append(" Er1 Eb1");
             if (m_record.groups.at(location).size() > 1) {
                 m_images.append(m_count == owner ? " j" : " j=");
                 m_images.append(QByteArray::number(owner));
@@ -137,7 +147,7 @@ public:
         text.append(QByteArray::number(canvas.size.width()));
         text.append(" h").append(QByteArray::number(canvas.size.height()));
         text.append(" v").append(QByteArray::number(canvas.angle));
-        text.append(" E").append(decimal(outputExposure(m_record, m_pictures))).append(" R0");
+        text.append(" E").append(decimal(m_outputExposure)).append(" R0");
         if (canvas.crop.size() != canvas.size) {
             const QRect &crop = canvas.crop;
             text.append(" S").append(QByteArray::number(crop.left()));
@@ -208,6 +218,7 @@ private:
     const PictureTable &m_pictures;
     QString m_folder;
     QVector<bool> m_anchors;
+    double m_outputExposure;
     QHash<PictureOptics, int> m_lensOwners;
     Coverage m_coverage;
     int m_count = 0;

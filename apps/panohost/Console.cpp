@@ -25,8 +25,11 @@ QString sentence(const Finding &finding)
     case Finding::Cause::Malformed:
         return QStringLiteral("is not well-formed: %1").arg(finding.value);
     case Finding::Cause::NotANumber:
-        return QStringLiteral("%1 is not a number, 0 is taken").arg(finding.value);
+        return QStringLiteral("%1 is not a number").arg(finding.value);
     case Finding::Cause::CutAngle:
+        if (finding.value.contains(QLatin1Char(',')))
+            return QStringLiteral("%1: what follows the comma is cut off; decimals take a point")
+                .arg(finding.value);
         return QStringLiteral("%1: the format cuts the decimals off; --full-angles takes them")
             .arg(finding.value);
     case Finding::Cause::NotADate:

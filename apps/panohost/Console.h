@@ -43,6 +43,7 @@ public:
     void finish() const;
 
     bool isEmpty() const { return m_kinds.isEmpty(); }
+    bool has(Finding::Cause cause) const { return m_kinds.contains(cause); }
 
 private:
     struct Kind {

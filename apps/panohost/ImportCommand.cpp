@@ -10,6 +10,7 @@
 
 #include <QFileInfo>
 #include <algorithm>
+#include <numeric>
 
 namespace {
 
@@ -155,14 +156,14 @@ Request takeRequest(const HeadEntry &entry, const QCommandLineParser &parser, Op
         reader.refuse(QStringLiteral("--config FILE is missing"));
     if (reader.isSet("record") && request.record.isEmpty())
         reader.refuse(QStringLiteral("--record wants a file"));
-    if (!request.record.isEmpty()
-        && QFileInfo(request.record).absoluteFilePath()
-            == QFileInfo(request.output).absoluteFilePath())
+    if (!request.record.isEmpty() && isSameFile(request.record, request.output))
         reader.refuse(QStringLiteral("--output and --record name the same file"));
     if (request.named.isEmpty() && request.lists.isEmpty())
         reader.refuse(QStringLiteral("no pictures are given"));
     if (request.named.contains(QString()))
         reader.refuse(QStringLiteral("the name of a picture is empty"));
+    if (request.lists.contains(QString()))
+        reader.refuse(QStringLiteral("--pictures-from wants a file"));
     return request;
 }
 
@@ -187,6 +188,10 @@ bool readHeadFile(Head &head, const Request &request)
     report.finish();
     if (!read && report.isEmpty())
         console::complain(QStringLiteral("%1: cannot be read").arg(request.options.config));
+    if (!read && report.has(Finding::Cause::NotANumber))
+        console::complain(
+            QStringLiteral("%1: is refused, its pictures would come to lie in wrong places")
+                .arg(request.options.config));
     return read;
 }
 
@@ -262,10 +267,12 @@ ExitCode import(Head &head, const Request &request)
     problem = writeWhole(files);
     if (!problem.isEmpty())
         return isClear({problem}) ? ExitCode::Done : ExitCode::Failed;
+    const auto used = std::accumulate(record.groups.begin(), record.groups.end(), 0,
+        [](int sum, const QStringList &stack) { return sum + stack.size(); });
     console::print(QStringLiteral("%1: %2 locations, %3 pictures, %4 links\n")
                        .arg(request.output)
                        .arg(record.groups.size())
-                       .arg(pictures.paths.size())
+                       .arg(used)
                        .arg(record.links.size()));
     return ExitCode::Done;
 }

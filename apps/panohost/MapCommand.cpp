@@ -44,7 +44,8 @@ ExitCode draw(const QString &input, const QString &output, MapFormat format, int
     for (const QStringList &stack : record->groups)
         inputs += stack;
     // A map is made to be made again.
-    const QString objection = OutputGuard(inputs, true).objection(output);
+    const QString objection
+        = OutputGuard(inputs, true, OutputGuard::Writes::Pictures).objection(output);
     if (!objection.isEmpty())
         return failed(output, objection);
     const QByteArray map = mapFile(*record, format, width);

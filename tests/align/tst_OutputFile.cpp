@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QImage>
 #include <QTemporaryDir>
 #include <QTest>
 #include <unistd.h>
@@ -40,6 +41,17 @@ private slots:
         QTest::newRow("another file") << at("other") << exists << QString();
         QTest::newRow("a link to another") << at("to other") << exists << QString();
         QTest::newRow("a link to nowhere") << at("dangling") << QString() << QString();
+        const QString precious
+            = QStringLiteral("is a picture or a head's file, which is never written over");
+        for (const char *name : {"a.jpg", "a.NEF", "head.xml", "script.TXT"})
+            writeFile(at(name), "x");
+        QTest::newRow("a picture") << at("a.jpg") << precious << precious;
+        QTest::newRow("a raw picture") << at("a.NEF") << precious << precious;
+        QTest::newRow("a shooting file") << at("head.xml") << precious << precious;
+        QTest::newRow("a script") << at("script.TXT") << precious << precious;
+        QVERIFY(QImage(2, 2, QImage::Format_RGB32).save(at("picture without suffix"), "PNG"));
+        QTest::newRow("a picture by content")
+            << at("picture without suffix") << precious << precious;
         const QString folder = QStringLiteral("is a folder");
         QTest::newRow("a folder") << at("folder") << folder << folder;
         const QString noFolder = QStringLiteral("there is no folder %1").arg(at("absent"));
@@ -53,6 +65,30 @@ private slots:
         const QStringList inputs{at("input"), at("never there")};
         QTEST(OutputGuard(inputs, false).objection(path), "plain");
         QTEST(OutputGuard(inputs, true).objection(path), "forced");
+    }
+
+    void sameFile_data()
+    {
+        QTest::addColumn<QString>("a");
+        QTest::addColumn<QString>("b");
+        QTest::addColumn<bool>("same");
+
+        QDir(m_folder.path()).mkpath(QStringLiteral("real"));
+        QFile::link(at("real"), at("linked"));
+        writeFile(at("real/there"), "x");
+        QFile::link(at("real/there"), at("other name"));
+        QTest::newRow("one name") << at("new") << at("new") << true;
+        QTest::newRow("two names") << at("new") << at("newer") << false;
+        QTest::newRow("a linked folder") << at("real/new") << at("linked/new") << true;
+        QTest::newRow("a linked file") << at("real/there") << at("other name") << true;
+        QTest::newRow("one exists") << at("real/there") << at("real/new") << false;
+        QTest::newRow("folders apart") << at("real/new") << at("new") << false;
+    }
+    void sameFile()
+    {
+        QFETCH(QString, a);
+        QFETCH(QString, b);
+        QTEST(isSameFile(a, b), "same");
     }
 
     void wholeOrNothing()

@@ -302,6 +302,20 @@ private slots:
         QTEST(value(linesOf(project(record, table), QLatin1Char('p')).value(0), "E"), "expected");
     }
 
+    void unknownExposure()
+    {
+        // Left out of the middle, and as bright as the output: it would be rendered black as 0.
+        const ProjectRecord record = recordOf(3, 1, 30);
+        PictureTable table;
+        const double values[] = {0, 12, 0};
+        for (int i = 0; i < 3; ++i)
+            table.insert(picture(i), facts({900, 600}, 0, values[i]));
+        const QString text = project(record, table);
+        QCOMPARE(value(linesOf(text, QLatin1Char('p')).value(0), "E"), QStringLiteral("12"));
+        for (const QString &line : linesOf(text, QLatin1Char('i')))
+            QCOMPARE(value(line, "Eev"), QStringLiteral("12"));
+    }
+
     void refused_data()
     {
         QTest::addColumn<ProjectRecord>("record");

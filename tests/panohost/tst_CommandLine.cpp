@@ -191,6 +191,7 @@ private slots:
         good("--levels all --stacks hard", "--levels all cannot go with --stacks hard");
         good("--record ./a.pto", "same file");
         good("--record=", "--record");
+        good("--pictures-from=", "--pictures-from wants a file");
         good("--full-angles", "full-angles");
         good("--output-type hdr", "output-type");
         row("import clauss --config script.txt --output a.pto --lens fisheye pics", "--focal");
@@ -478,6 +479,8 @@ private slots:
         clash("--force --output hard.pto", "hard.pto: is one of the files");
         clash("--force --output a.pto --record link.json", "link.json: is one of the files");
         clash("--force --output a.pto --record pics", "pics: is a folder");
+        clash("--force --output three.xml", "three.xml: is a picture or a head's file");
+        clash("--force --output bare/1.jpg", "1.jpg: is a picture or a head's file");
         clash("--output absent/a.pto", "there is no folder");
         clash("--output /dev/null --force", "/dev/null: is no regular file");
         row("papywizard --config shooting.xml --pictures-from list.txt --force --output list.txt",
@@ -615,7 +618,10 @@ private slots:
             "25.5 --levels all --clean-links",
             "autoDetection: 1; stackLinking: 1; levelLinking: 1; cleanLinks: 1; layoutMode: 4; "
             "layoutRows: 1; layoutBracket: 2; fullTurn: 1; overlap: 25.5",
-            "6.jpg: this picture and 0 behind it are left over");
+            "6.jpg: from this picture on, 1 are left over");
+        row("gigapan bare/1.jpg pics/1.jpg pics/2.jpg bare/2.jpg --ignore 1 --bracket 2 --rows 1 "
+            "--overlap 33.33",
+            "autoDetection: 1; layoutRows: 1; layoutBracket: 2; overlap: 33.299999999999997", "2.jpg: from");
         row("gigapan bare --focal 50 --rows 3 --order columns-left",
             "focal: 50; autoDetection: 1; layoutMode: 3; layoutRows: 3; layoutBracket: 1; overlap: "
             "40");

@@ -4,6 +4,8 @@
 #include "apps/panohost/heads/Heads.h"
 #include "gigapan/GigapanToSPP.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr int kMost = 100'000;
@@ -23,15 +25,17 @@ public:
                              QStringLiteral("serpentine-up")})
                      .value_or(0);
         m_fullTurn = reader.isSet("full-turn");
-        m_overlap = reader.number("overlap", 5, 100).value_or(kDefaultOverlap);
+        // One decimal, as the page's box has it.
+        const double overlap = reader.number("overlap", 5, 100).value_or(kDefaultOverlap);
+        m_overlap = QString::number(overlap, 'f', 1).toDouble();
     }
 
     QStringList obstacles(const PictureList &pictures, const ImportOptions &options) override
     {
-        QStringList sentences = focalObstacles(pictures, options);
         const int count = pictures.paths.size();
         layOut(count);
         const GigapanLayout &layout = m_converter.Layout();
+        QStringList sentences = focalObstacles(pictures, options, {layout.ignore, usedEnd()});
         if (layout.columns < 1)
             sentences.append(
                 QStringLiteral("%1 pictures, %2 of them ignored, %3 a location, do not fill "
@@ -46,13 +50,12 @@ public:
     QStringList remarks(const PictureList &pictures, const ImportOptions & /*options*/) override
     {
         const GigapanLayout &layout = m_converter.Layout();
-        const int used = layout.rows * layout.columns * layout.bracket + layout.ignore;
-        const int left = pictures.paths.size() - used;
+        const int left = pictures.paths.size() - usedEnd();
         if (left == 0)
             return {};
-        return {QStringLiteral("%1: this picture and %2 behind it are left over by %3 rows of %4")
-                    .arg(pictures.paths.at(used))
-                    .arg(left - 1)
+        return {QStringLiteral("%1: from this picture on, %2 are left over by %3 rows of %4")
+                    .arg(pictures.paths.at(usedEnd()))
+                    .arg(left)
                     .arg(layout.rows)
                     .arg(layout.columns)};
     }
@@ -76,6 +79,13 @@ private:
         layout.ignore = m_ignore;
         layout.mode = m_mode;
         m_converter.DeriveColumns(pictures);
+    }
+
+    /// Index behind the last picture of the grid.
+    int usedEnd()
+    {
+        const GigapanLayout &layout = m_converter.Layout();
+        return layout.ignore + std::max(0, layout.columns) * layout.rows * layout.bracket;
     }
 
     GigapanToSPP m_converter;

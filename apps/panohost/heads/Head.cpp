@@ -47,12 +47,13 @@ double boxedFocal(double focal)
     return std::clamp(QString::number(focal, 'f', 3).toDouble(), 1.0, 10'000.0);
 }
 
-QStringList focalObstacles(const PictureList &pictures, const ImportOptions &options)
+QStringList focalObstacles(
+    const PictureList &pictures, const ImportOptions &options, const UsedPictures &used)
 {
     if (options.focal)
         return {};
     QStringList sentences;
-    for (int i = 0; i < pictures.facts.size(); ++i) {
+    for (int i = used.first; i < std::min(used.end, pictures.facts.size()); ++i) {
         const PictureFacts &facts = pictures.facts.at(i);
         if (facts.readable && !(facts.focal > 0))
             sentences.append(

@@ -9,6 +9,7 @@
 #include "host/ProjectRecord.h"
 #include "reader/Finding.h"
 
+#include <limits>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -93,9 +94,16 @@ const std::vector<HeadEntry> &headEntries();
 /// Null when there is none of that name.
 const HeadEntry *findHead(const QString &name);
 
-/// For a head with HeadEntry::ownLenses: that a picture's focal length is unknown, where none is
-/// given.
-QStringList focalObstacles(const PictureList &pictures, const ImportOptions &options);
+/// The part of the pictures that an import uses.
+struct UsedPictures {
+    int first = 0;
+    int end = std::numeric_limits<int>::max();
+};
+
+/// For a head with HeadEntry::ownLenses: that the focal length of a picture it uses is unknown,
+/// where none is given.
+QStringList focalObstacles(
+    const PictureList &pictures, const ImportOptions &options, const UsedPictures &used = {});
 /// The same: stores a focal length that is given, with the lens type given or the last picture's.
 void takeFocal(const PictureList &pictures, const ImportOptions &options, ProjectRecord *record);
 

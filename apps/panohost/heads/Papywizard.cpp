@@ -83,30 +83,25 @@ QStringList ShootingFileHead::remarks(const PictureList &pictures, const ImportO
     const PapywizardShooting &shooting = converter().Shooting();
     const PictureLens ofPictures = lensOf(pictures);
     const PictureLens chosen = chosenLens(shooting, pictures, options);
-    switch (shootingWarning({shooting, shooting.shots.size(), pictures.paths.size(), ofPictures})) {
-    case ShootingWarning::FocalDiffers:
-        if (options.focal)
-            break;
-        return {
+    QStringList sentences;
+    ShootingState state{shooting, shooting.shots.size(), pictures.paths.size(), ofPictures};
+    if (shootingWarning(state) == ShootingWarning::LensDiffers) {
+        sentences.append(QStringLiteral("%1: the file's lens is %2, the pictures' %3; %4 is taken")
+                             .arg(options.config, lensName(shooting.fisheye ? 1 : 0),
+                                 lensName(ofPictures.lensType), lensName(chosen.lensType)));
+        // That warning hides the one about the focal length.
+        state.pictures.lensType = shooting.fisheye ? 1 : 0;
+    }
+    if (shootingWarning(state) == ShootingWarning::FocalDiffers) {
+        sentences.append(
             QStringLiteral("%1: the file's focal length is %2 mm, the pictures' %3 mm; %4 mm is "
-                           "taken, --focal chooses another")
+                           "taken")
                 .arg(options.config)
                 .arg(shooting.focal)
                 .arg(ofPictures.focal)
-                .arg(chosen.focal)};
-    case ShootingWarning::LensDiffers:
-        if (options.lensType)
-            break;
-        return {QStringLiteral("%1: the file's lens is %2, the pictures' %3; %4 is taken, --lens "
-                               "chooses another")
-                    .arg(options.config, lensName(shooting.fisheye ? 1 : 0),
-                        lensName(ofPictures.lensType), lensName(chosen.lensType))};
-    case ShootingWarning::None:
-    case ShootingWarning::NotMultiple:
-    case ShootingWarning::CountDiffers:
-        break;
+                .arg(chosen.focal));
     }
-    return {};
+    return sentences;
 }
 
 ProjectRecord ShootingFileHead::convert(const PictureList &pictures, const ImportOptions &options)
