@@ -55,10 +55,13 @@ QString checkMark(const QAbstractButton &button)
 QString describe(const QWidget *widget)
 {
     const QString name = QLatin1String(widget->metaObject()->className()) + QLatin1Char(' ');
-    if (const auto *label = qobject_cast<const QLabel *>(widget))
-        return name + label->text();
+    if (const auto *label = qobject_cast<const QLabel *>(widget)) {
+        const bool isPicture = !label->pixmap(Qt::ReturnByValue).isNull();
+        return name + (isPicture ? QStringLiteral("(picture)") : label->text());
+    }
     if (const auto *button = qobject_cast<const QAbstractButton *>(widget))
-        return name + button->text() + (button->isCheckable() ? checkMark(*button) : QString());
+        return name + (button->icon().pixmap(16).isNull() ? QString() : QStringLiteral("(icon)"))
+            + button->text() + (button->isCheckable() ? checkMark(*button) : QString());
     if (const auto *edit = qobject_cast<const QLineEdit *>(widget))
         return name + edit->text();
     if (const auto *box = qobject_cast<const QSpinBox *>(widget))
@@ -223,9 +226,13 @@ constexpr auto kGigapanWidgets = R"(
     label_bracket: QLabel Nb image per location ( bracketing )
     m_sbBracket: QSpinBox 1..100000 = 1
     label_layout: QLabel Layout
+    m_lbMode0: QLabel (picture)
     m_rbMode0: QRadioButton Columns (default) [x]
+    m_lbMode1: QLabel (picture)
     m_rbMode1: QRadioButton Rows: downward [ ]
+    m_lbMode2: QLabel (picture)
     m_rbMode2: QRadioButton Rows: upward [ ]
+    m_lbMode3: QLabel (picture)
     m_rbMode3: QRadioButton Columns: to left [ ]
     m_cbIS360: QCheckBox Force 360° panorama [ ]
     label_14: QLabel Overlapping
@@ -269,8 +276,8 @@ constexpr auto kShootingWidgets = R"(
     m_lbFocalLengthImage: QLabel N/A
     m_lbWarning: QLabel <p style='color:red'></p>
     m_pInverseCoordinates: QPushButton Inverse Y coordinates
-    m_pbRot270: QPushButton 
-    m_pbRot90: QPushButton 
+    m_pbRot270: QPushButton (icon)
+    m_pbRot90: QPushButton (icon)
     label_15: QLabel Focal length:
     m_spFocal: QDoubleSpinBox 1..10000 step 1 = 1.000
     label_16: QLabel Lens Type:
@@ -422,6 +429,16 @@ void tst_PageForms::shootingFormsDifferAsWritten()
     const QStringList vrDrive2 = widgetsOf(*makePage(Kind::VRDrive2));
     QCOMPARE(without(papywizard, vrDrive2), lines(kPapywizardOnly));
     QCOMPARE(without(vrDrive2, papywizard), lines(kVRDrive2Only));
+
+    // The first of the two rows on the first tab.
+    const auto firstRow = [](Kind kind) {
+        const PageDriver driver(makePage(kind).release());
+        const int file = driver.widget("m_leConfigFile")->y();
+        return file < driver.widget("m_leImage")->y() ? QStringLiteral("file")
+                                                      : QStringLiteral("pictures");
+    };
+    QCOMPARE(firstRow(Kind::Papywizard), QStringLiteral("file"));
+    QCOMPARE(firstRow(Kind::VRDrive2), QStringLiteral("pictures"));
 }
 
 void tst_PageForms::pageTexts_data()

@@ -481,6 +481,14 @@ void tst_ShootingPages::loadedWithoutNews()
     QTRY_COMPARE(focal->value(), 50.0);
     QVERIFY(driver->isComplete());
     QVERIFY(drawingOf(*driver).cacheKey() != drawing);
+
+    // So are none at all after another choice: the focal length was the others'.
+    const QStringList unreadable = pictures(3);
+    for (const QString &path : unreadable)
+        host().setUnreadable(path);
+    driver->drop(unreadable);
+    QTRY_COMPARE(driver->text("m_lbFocalLengthImage"), QStringLiteral("N/A"));
+    QVERIFY(!driver->isComplete());
 }
 
 void tst_ShootingPages::turnsReachRecord()
