@@ -3,8 +3,6 @@
 
 #include "align/PtoProject.h"
 
-#include "align/Canvas.h"
-#include "align/Placement.h"
 #include "geometry/Angle.h"
 
 #include <QDir>
@@ -14,8 +12,7 @@
 
 namespace {
 
-/// \a value with at most \a decimals, no exponent and no trailing zeros. Four make degrees that
-/// were whole in the head's file whole again, and are less than a tenth of a pixel of any picture.
+/// \a value with at most \a decimals, no exponent and no trailing zeros.
 QByteArray decimal(double value, int decimals = 4)
 {
     QByteArray text = QByteArray::number(value, 'f', decimals);
@@ -96,58 +93,24 @@ double outputExposure(const ProjectRecord &record, const PictureTable &pictures)
     return *middle;
 }
 
-class Project {
+class Writer {
 public:
-    Project(const ProjectRecord &record, const PictureTable &pictures, QString folder)
-        : m_record(record)
-        , m_pictures(pictures)
+    Writer(const PtoProject &project, QString folder)
+        : m_project(project)
         , m_folder(std::move(folder))
-        , m_anchors(anchors(record))
-        , m_outputExposure(outputExposure(record, pictures))
     {
-    }
-
-    void addLocation(int location, const Placement &place)
-    {
-        const bool hard = m_record.stackLinking == 0;
-        const int owner = m_count;
-        for (const QString &path : m_record.groups.at(location)) {
-            const PictureFacts &facts = *m_pictures.constFind(path);
-            const PictureOptics lens = *opticsOf(m_record, facts);
-            Placement turned = place;
-            turned.roll = std::remainder(place.roll + facts.uprightTurn(), 360.0);
-
-            m_images.append("i w").append(QByteArray::number(lens.size.width()));
-            m_images.append(" h").append(QByteArray::number(lens.size.height()));
-            m_images.append(lens.fisheye ? " f3" : " f0");
-            addLens(lens);
-            if (hard && m_count != owner)
-                addLinks({"r", "p", "y"}, owner);
-            else
-                addPlace(turned, !(m_anchors.at(location) && m_count == owner));
-            // A picture of unknown exposure is left as bright as it is.
-            const double exposure
-                = facts.exposureValue != 0 ? facts.exposureValue : m_outputExposure;
-            m_images.append(" Eev").append(decimal(exposure)).append(" Er1 Eb1");
-            if (m_record.groups.at(location).size() > 1) {
-                m_images.append(m_count == owner ? " j" : " j=");
-                m_images.append(QByteArray::number(owner));
-            }
-            m_images.append(" n\"").append(nameFrom(m_folder, path)).append("\"\n");
-
-            m_coverage.add(turned, lens);
-            ++m_count;
-        }
+        for (int i = 0; i < project.pictures.size(); ++i)
+            addPicture(i);
     }
 
     QByteArray text() const
     {
-        const Canvas canvas = m_coverage.canvas();
+        const Canvas &canvas = m_project.canvas;
         QByteArray text = QByteArrayLiteral("# hugin project file\n#hugin_ptoversion 2\np f2 w");
         text.append(QByteArray::number(canvas.size.width()));
         text.append(" h").append(QByteArray::number(canvas.size.height()));
         text.append(" v").append(QByteArray::number(canvas.angle));
-        text.append(" E").append(decimal(m_outputExposure)).append(" R0");
+        text.append(" E").append(decimal(m_project.outputExposure)).append(" R0");
         if (canvas.crop.size() != canvas.size) {
             const QRect &crop = canvas.crop;
             text.append(" S").append(QByteArray::number(crop.left()));
@@ -157,14 +120,32 @@ public:
         }
         text.append(" n\"TIFF_m c:LZW r:CROP\"\nm g1 i0 f0 m2 p0.00784314\n\n");
         text.append(m_images).append('\n').append(m_variables).append("v\n\n");
+        addPoints(&text);
         text.append(outputChoice());
         return text;
     }
 
 private:
-    /// The picture's lens: its own values for the first picture of a lens, links to that one after.
-    void addLens(const PictureOptics &lens)
+    void addPicture(int index)
     {
+        const PtoProject::Picture &picture = m_project.pictures.at(index);
+        m_images.append("i w").append(QByteArray::number(picture.lens.size.width()));
+        m_images.append(" h").append(QByteArray::number(picture.lens.size.height()));
+        m_images.append(picture.lens.fisheye ? " f3" : " f0");
+        addLens(picture, index);
+        if (picture.positionOwner >= 0)
+            addLinks({"r", "p", "y"}, picture.positionOwner);
+        else
+            addPlace(picture, index);
+        m_images.append(" Eev").append(decimal(picture.exposureValue)).append(" Er1 Eb1");
+        addStack(index);
+        m_images.append(" n\"").append(nameFrom(m_folder, picture.path)).append("\"\n");
+    }
+
+    /// The picture's lens: its own values for the first picture of a lens, links to that one after.
+    void addLens(const PtoProject::Picture &picture, int index)
+    {
+        const PictureOptics &lens = picture.lens;
         const auto owner = m_lensOwners.constFind(lens);
         if (owner != m_lensOwners.constEnd()) {
             addLinks({"v", "a", "b", "c", "d", "e", "g", "t", "Ra", "Rb", "Rc", "Rd", "Re", "Va",
@@ -172,19 +153,37 @@ private:
                 *owner);
             return;
         }
-        m_lensOwners.insert(lens, m_count);
+        m_lensOwners.insert(lens, index);
         m_images.append(" v").append(decimal(degrees(lens.angleAcross(lens.size.width())), 8));
-        m_images.append(" a0 b0 c0 d0 e0 g0 t0 Ra0 Rb0 Rc0 Rd0 Re0 Va1 Vb0 Vc0 Vd0 Vx0 Vy0");
-        addVariables({"v", "b"});
+        m_images.append(" a").append(decimal(picture.distortion.a, 8));
+        m_images.append(" b").append(decimal(picture.distortion.b, 8));
+        m_images.append(" c").append(decimal(picture.distortion.c, 8));
+        m_images.append(" d0 e0 g0 t0 Ra0 Rb0 Rc0 Rd0 Re0 Va1 Vb0 Vc0 Vd0 Vx0 Vy0");
+        addVariables({"v", "b"}, index);
     }
 
-    void addPlace(const Placement &place, bool variable)
+    void addPlace(const PtoProject::Picture &picture, int index)
     {
-        m_images.append(" r").append(decimal(place.roll));
-        m_images.append(" p").append(decimal(place.pitch));
-        m_images.append(" y").append(decimal(place.yaw));
-        if (variable)
-            addVariables({"y", "p", "r"});
+        m_images.append(" r").append(decimal(picture.place.roll, 8));
+        m_images.append(" p").append(decimal(picture.place.pitch, 8));
+        m_images.append(" y").append(decimal(picture.place.yaw, 8));
+        if (!picture.anchored)
+            addVariables({"y", "p", "r"}, index);
+    }
+
+    void addStack(int index)
+    {
+        const int location = m_project.pictures.at(index).location;
+        const auto isBeside = [&](int other) {
+            return other >= 0 && other < m_project.pictures.size()
+                && m_project.pictures.at(other).location == location;
+        };
+        const bool isFirst = !isBeside(index - 1);
+        if (isFirst)
+            m_stack = index;
+        if (isFirst && !isBeside(index + 1))
+            return;
+        m_images.append(isFirst ? " j" : " j=").append(QByteArray::number(m_stack));
     }
 
     /// The tools die on a link to a later picture: the owner always comes first.
@@ -194,15 +193,29 @@ private:
             m_images.append(' ').append(name).append('=').append(QByteArray::number(owner));
     }
 
-    void addVariables(std::initializer_list<const char *> names)
+    void addVariables(std::initializer_list<const char *> names, int index)
     {
         for (const char *name : names)
-            m_variables.append("v ").append(name).append(QByteArray::number(m_count)).append('\n');
+            m_variables.append("v ").append(name).append(QByteArray::number(index)).append('\n');
+    }
+
+    void addPoints(QByteArray *text) const
+    {
+        for (const ControlPoint &point : m_project.points) {
+            text->append("c n").append(QByteArray::number(point.first));
+            text->append(" N").append(QByteArray::number(point.second));
+            text->append(" x").append(decimal(point.inFirst.x()));
+            text->append(" y").append(decimal(point.inFirst.y()));
+            text->append(" X").append(decimal(point.inSecond.x()));
+            text->append(" Y").append(decimal(point.inSecond.y())).append(" t0\n");
+        }
+        if (!m_project.points.isEmpty())
+            text->append('\n');
     }
 
     QByteArray outputChoice() const
     {
-        switch (m_record.outputType) {
+        switch (m_project.outputType) {
         case 2:
             return QByteArrayLiteral(
                 "#hugin_outputLDRBlended false\n#hugin_outputLDRExposureBlended true\n");
@@ -214,17 +227,47 @@ private:
         }
     }
 
-    const ProjectRecord &m_record;
-    const PictureTable &m_pictures;
+    const PtoProject &m_project;
     QString m_folder;
-    QVector<bool> m_anchors;
-    double m_outputExposure;
     QHash<PictureOptics, int> m_lensOwners;
-    Coverage m_coverage;
-    int m_count = 0;
+    int m_stack = 0;
     QByteArray m_images;
     QByteArray m_variables;
 };
+
+/// \a degrees without what radians of 32 bits have added to them: angles that were whole in the
+/// head's file are whole again, and no pixel of any picture moves by a tenth of itself.
+double cleaned(double degrees)
+{
+    return std::round(degrees * 1e4) / 1e4;
+}
+
+/// The pictures of all locations, at \a places.
+QVector<PtoProject::Picture> picturesOf(const ProjectRecord &record, const PictureTable &pictures,
+    const QVector<Placement> &places, double unknownExposure)
+{
+    const QVector<bool> anchored = anchors(record);
+    QVector<PtoProject::Picture> result;
+    for (int location = 0; location < record.groups.size(); ++location) {
+        const int owner = result.size();
+        for (const QString &path : record.groups.at(location)) {
+            const PictureFacts &facts = *pictures.constFind(path);
+            PtoProject::Picture picture;
+            picture.path = path;
+            picture.lens = *opticsOf(record, facts);
+            picture.place = places.at(location);
+            picture.place.roll = std::remainder(picture.place.roll + facts.uprightTurn(), 360.0);
+            picture.exposureValue
+                = facts.exposureValue != 0 ? facts.exposureValue : unknownExposure;
+            picture.location = location;
+            const bool isOwner = result.size() == owner;
+            picture.positionOwner = record.stackLinking == 0 && !isOwner ? owner : -1;
+            picture.anchored = isOwner && anchored.at(location);
+            result.append(picture);
+        }
+    }
+    return result;
+}
 
 /// Why \a path cannot stand in a project; empty when it can.
 QString obstacle(const ProjectRecord &record, const PictureTable &pictures, const QString &path)
@@ -258,8 +301,8 @@ int referencePicture(
     return order.at((order.size() - 1) / 2);
 }
 
-std::optional<QByteArray> ptoProject(const ProjectRecord &record, const PictureTable &pictures,
-    const QString &folder, QString *problem)
+std::optional<PtoProject> projectOf(
+    const ProjectRecord &record, const PictureTable &pictures, QString *problem)
 {
     const QString *first = nullptr;
     for (const QStringList &stack : record.groups) {
@@ -281,8 +324,28 @@ std::optional<QByteArray> ptoProject(const ProjectRecord &record, const PictureT
     if (!places)
         return std::nullopt;
 
-    Project project(record, pictures, QDir::cleanPath(folder));
-    for (int location = 0; location < record.groups.size(); ++location)
-        project.addLocation(location, places->at(location));
-    return project.text();
+    PtoProject project;
+    project.outputType = record.outputType;
+    project.outputExposure = outputExposure(record, pictures);
+    // A picture of unknown exposure is left as bright as it is.
+    project.pictures = picturesOf(record, pictures, *places, project.outputExposure);
+    project.canvas = canvasOf(project.pictures);
+    for (PtoProject::Picture &picture : project.pictures) {
+        Placement &place = picture.place;
+        place = {cleaned(place.yaw), cleaned(place.pitch), cleaned(place.roll)};
+    }
+    return project;
+}
+
+Canvas canvasOf(const QVector<PtoProject::Picture> &pictures)
+{
+    Coverage coverage;
+    for (const PtoProject::Picture &picture : pictures)
+        coverage.add(picture.place, picture.lens);
+    return coverage.canvas();
+}
+
+QByteArray projectText(const PtoProject &project, const QString &folder)
+{
+    return Writer(project, QDir::cleanPath(folder)).text();
 }

@@ -256,12 +256,12 @@ ExitCode import(Head &head, const Request &request)
     ProjectRecord record = head.convert(pictures, request.options);
     addChoices(request.choices, &record);
     QString problem;
-    const auto project
-        = ptoProject(record, pictures.table(), QFileInfo(request.output).absolutePath(), &problem);
+    const auto project = projectOf(record, pictures.table(), &problem);
     if (!project)
         return isClear({problem}) ? ExitCode::Done : ExitCode::Failed;
 
-    QVector<OutputFile> files{{request.output, *project}};
+    const QByteArray text = projectText(*project, QFileInfo(request.output).absolutePath());
+    QVector<OutputFile> files{{request.output, text}};
     if (!request.record.isEmpty())
         files.append({request.record, recordToJson(record)});
     problem = writeWhole(files);

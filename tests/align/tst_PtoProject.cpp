@@ -61,8 +61,9 @@ PictureTable tableOf(const ProjectRecord &record, const PictureFacts &facts)
 QString project(const ProjectRecord &record, const PictureTable &pictures)
 {
     QString problem;
-    const auto text = ptoProject(record, pictures, QStringLiteral("/elsewhere"), &problem);
-    return text ? QString::fromUtf8(*text) : QStringLiteral("refused: ") + problem;
+    const auto project = projectOf(record, pictures, &problem);
+    return project ? QString::fromUtf8(projectText(*project, QStringLiteral("/elsewhere")))
+                   : QStringLiteral("refused: ") + problem;
 }
 
 QStringList linesOf(const QString &text, QChar kind)
@@ -142,13 +143,15 @@ private slots:
         table[picture(2)].orientation = 8;
 
         QString problem;
-        const auto text = ptoProject(record, table, QStringLiteral("/p/sub/"), &problem);
+        auto project = projectOf(record, table, &problem);
+        QVERIFY2(project, qUtf8Printable(problem));
+        project->points = {{0, 2, {812.25, 301.5}, {-0.5, 599}}};
+        const QByteArray text = projectText(*project, QStringLiteral("/p/sub/"));
 
         const QString lens
             = QStringLiteral(" v=0 a=0 b=0 c=0 d=0 e=0 g=0 t=0 Ra=0 Rb=0 Rc=0 Rd=0 Re=0 Va=0 Vb=0 "
                              "Vc=0 Vd=0 Vx=0 Vy=0");
-        QVERIFY2(text, qUtf8Printable(problem));
-        QCOMPARE(linesOf(QString::fromUtf8(*text), QLatin1Char('i')),
+        QCOMPARE(linesOf(QString::fromUtf8(text), QLatin1Char('i')),
             (QStringList{
                 QStringLiteral("i w900 h600 f0 v73.73979529 a0 b0 c0 d0 e0 g0 t0 Ra0 Rb0 Rc0 Rd0 "
                                "Re0 Va1 Vb0 Vc0 Vd0 Vx0 Vy0 r90 p0 y0 Eev12.5 Er1 Eb1 j0 "
@@ -161,9 +164,11 @@ private slots:
                                "n\"a b,#=\u00e9.jpg\"")
                     .arg(lens),
             }));
-        QCOMPARE(linesOf(QString::fromUtf8(*text), QLatin1Char('v')).join(QLatin1Char(',')),
+        QCOMPARE(linesOf(QString::fromUtf8(text), QLatin1Char('v')).join(QLatin1Char(',')),
             QStringLiteral("v v0,v b0,v y2,v p2,v r2,v"));
-        QVERIFY(text->contains("#hugin_outputHDRBlended true\n"));
+        QCOMPARE(linesOf(QString::fromUtf8(text), QLatin1Char('c')),
+            QStringList(QStringLiteral("c n0 N2 x812.25 y301.5 X-0.5 Y599 t0")));
+        QVERIFY(text.contains("#hugin_outputHDRBlended true\n"));
     }
 
     void stackPointsLeaveEveryPictureFree()
@@ -371,7 +376,7 @@ private slots:
         QFETCH(PictureFacts, picture);
         QFETCH(QString, cause);
         QString problem;
-        QVERIFY(!ptoProject(record, tableOf(record, picture), QString(), &problem));
+        QVERIFY(!projectOf(record, tableOf(record, picture), &problem));
         QVERIFY2(problem.contains(cause), qUtf8Printable(problem));
     }
 

@@ -239,13 +239,12 @@ bool MainWindow::finishImport(const ProjectRecord &record, const HeadFile &file)
             complain(tr("“%1” cannot be written: %2.").arg(QFileInfo(place).fileName(), problem));
             continue;
         }
-        const auto project
-            = ptoProject(record, pictures, QFileInfo(place).absolutePath(), &problem);
+        const auto project = projectOf(record, pictures, &problem);
         if (!project) {
             complain(tr("The project cannot be made: %1.").arg(problem));
             return false;
         }
-        problem = writeWhole({{place, *project}});
+        problem = writeWhole({{place, projectText(*project, QFileInfo(place).absolutePath())}});
         if (problem.isEmpty())
             break;
         complain(tr("The project could not be written: %1.").arg(problem));

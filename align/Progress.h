@@ -1,0 +1,12 @@
+// SPDX-FileCopyrightText: 2026 The ZPanoHead authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QString>
+#include <functional>
+
+/// Told how far a long task is: \a done of \a total of what is named \a step; a total of 0 says
+/// that the end is not known. Called in the task's thread. False cancels the task, which then ends
+/// soon and leaves nothing half done.
+using Progress = std::function<bool(const QString &step, int done, int total)>;
