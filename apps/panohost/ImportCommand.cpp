@@ -3,337 +3,87 @@
 
 #include "apps/panohost/ImportCommand.h"
 
-#include "align/OutputFile.h"
 #include "align/PtoProject.h"
 #include "align/RecordJson.h"
-#include "apps/panohost/heads/Head.h"
+#include "apps/panohost/HeadCommand.h"
 
 #include <QFileInfo>
-#include <algorithm>
 #include <numeric>
 
 namespace {
 
-/// More problems than this are told by their number.
-constexpr int kNamedProblems = 50;
-
-const OptionText kCommonOptions[] = {
-    {"output", "FILE.pto", "where the project is written"},
-    {"record", "FILE.json", "where the project record is written too"},
-    {"pictures-from", "FILE", "take pictures from a list, a path a line; - is standard input"},
-    {"focal", "MM", "focal length as on 36 x 24 mm film, 1 to 10000, instead of what is read"},
-    {"lens", "standard|fisheye", "lens type instead of what is read"},
-    {"no-detect", nullptr, "do not detect control points"},
-    {"clean-links", nullptr, "remove control points that do not fit"},
-    {"no-clean-links", nullptr, "keep control points that do not fit"},
-    {"skip-optimization", nullptr, "leave the pictures where the head put them"},
-    {"force", nullptr, "write over files that exist (never over those that are read)"},
-    {"help", nullptr, "show this"},
-};
-
-/// Everything that one run of the command works with.
-struct Request {
-    const HeadEntry *entry = nullptr;
-    ImportOptions options;
-    QString output;
-    QString record;
-    QStringList named;
-    QStringList lists;
-    bool force = false;
-    /// The choices that go into the record as they are.
-    ProjectRecord choices;
-};
-
-QString optionHelp(const OptionText &option, const QString &heads = {})
-{
-    QString line = QStringLiteral("  --%1").arg(QLatin1String(option.name));
-    if (option.value)
-        line += QStringLiteral(" %1").arg(QLatin1String(option.value));
-    line = line.leftJustified(26);
-    if (line.size() > 26)
-        line += QLatin1Char('\n') + QString(26, QLatin1Char(' '));
-    return line + QLatin1String(option.description) + heads + QLatin1Char('\n');
-}
-
-/// " (clauss, papywizard)": the heads that know \a option.
-QString headsWith(const char *option)
-{
-    QStringList names;
-    for (const HeadEntry &entry : headEntries()) {
-        if (entry.has(option))
-            names.append(QLatin1String(entry.name));
+class ImportCommand final : public HeadCommand {
+public:
+    QString name() const override { return QStringLiteral("import"); }
+    std::vector<OptionText> options() const override
+    {
+        return {{"output", "FILE.pto", "where the project is written"},
+            {"record", "FILE.json", "where the project record is written too"}};
     }
-    return QStringLiteral(" (%1)").arg(names.join(QLatin1String(", ")));
-}
-
-QString helpOf(const HeadEntry &entry)
-{
-    QString help
-        = QStringLiteral("Usage: panohost import %1 %2--output FILE.pto [OPTIONS] PICTURE...\n"
-                         "%3.\n\n"
-                         "A folder stands for the pictures in it. -- ends the options.\n\n")
-              .arg(QLatin1String(entry.name),
-                  entry.has("config") ? QStringLiteral("--config FILE ") : QString(),
-                  QLatin1String(entry.description));
-    for (const OptionText &option : entry.options)
-        help += optionHelp(option);
-    for (const OptionText &option : kCommonOptions)
-        help += optionHelp(option);
-    return help;
-}
-
-ExitCode wrongUsage(const QString &error, const QString &help)
-{
-    console::complain(error);
-    console::complain(QStringLiteral("%1 tells how it is used").arg(help));
-    return ExitCode::WrongUsage;
-}
-
-void addOptions(QCommandLineParser &parser, const HeadEntry &entry)
-{
-    const auto add = [&parser](const OptionText &option) {
-        parser.addOption({QLatin1String(option.name), QString(),
-            QLatin1String(option.value ? option.value : "")});
-    };
-    std::for_each(std::begin(kCommonOptions), std::end(kCommonOptions), add);
-    std::for_each(entry.options.begin(), entry.options.end(), add);
-}
-
-QStringList wordsOf(const OptionText &option)
-{
-    return QString::fromLatin1(option.value).split(QLatin1Char('|'));
-}
-
-/// Takes the record's choices; the two groups hang together as on the page.
-void takeChoices(const HeadEntry &entry, OptionReader &reader, ProjectRecord *choices)
-{
-    if (entry.has("stacks")) {
-        const auto stacks = reader.choice("stacks", wordsOf(options::kStacks));
-        const bool allLevels = reader.choice("levels", wordsOf(options::kLevels)) == 1;
-        if (allLevels && stacks == 0)
-            reader.refuse(QStringLiteral("--levels all cannot go with --stacks hard"));
-        choices->stackLinking = allLevels ? 1 : stacks.value_or(0);
-        choices->levelLinking = allLevels ? 1 : 0;
+    QString description() const override
+    {
+        return QStringLiteral("Makes a project of a head's file and pictures.");
     }
-    choices->autoDetection = !reader.isSet("no-detect");
-    choices->cleanLinks = reader.lastOf("clean-links", "no-clean-links", entry.cleansLinks);
-    choices->skipOptimization = reader.isSet("skip-optimization");
-    choices->guidedOptimization
-        = entry.has("no-recorded-location") && !reader.isSet("no-recorded-location");
-}
+    bool takesRecords() const override { return false; }
 
-Request takeRequest(const HeadEntry &entry, const QCommandLineParser &parser, OptionReader &reader)
-{
-    Request request;
-    request.entry = &entry;
-    request.output = reader.text("output");
-    request.record = reader.text("record");
-    request.named = parser.positionalArguments();
-    request.lists = reader.texts("pictures-from");
-    request.force = reader.isSet("force");
-    if (const auto focal = reader.number("focal", 1, 10'000))
-        request.options.focal = boxedFocal(*focal);
-    request.options.lensType
-        = reader.choice("lens", {QStringLiteral("standard"), QStringLiteral("fisheye")});
-    if (entry.has("config"))
-        request.options.config = reader.text("config");
-    if (entry.has("invert-pitch"))
-        request.options.invertPitch = reader.isSet("invert-pitch");
-    if (entry.has("rotate")) {
-        // 270 is one press of the button to the left.
-        constexpr float kTurns[] = {90, 180, -90};
-        if (const auto turn = reader.choice("rotate", wordsOf(options::kRotate));
-            turn && *turn >= 0)
-            request.options.turn = kTurns[*turn];
+    void takeOptions(OptionReader &reader) override
+    {
+        m_output = reader.text("output");
+        m_record = reader.text("record");
+        if (m_output.isEmpty())
+            reader.refuse(QStringLiteral("--output FILE.pto is missing"));
+        if (reader.isSet("record") && m_record.isEmpty())
+            reader.refuse(QStringLiteral("--record wants a file"));
+        if (!m_record.isEmpty() && isSameFile(m_record, m_output))
+            reader.refuse(QStringLiteral("--output and --record name the same file"));
     }
-    takeChoices(entry, reader, &request.choices);
 
-    if (entry.ownLenses && request.options.lensType && !request.options.focal)
-        reader.refuse(QStringLiteral("--lens wants --focal with it"));
-    if (request.output.isEmpty())
-        reader.refuse(QStringLiteral("--output FILE.pto is missing"));
-    if (entry.has("config") && request.options.config.isEmpty())
-        reader.refuse(QStringLiteral("--config FILE is missing"));
-    if (reader.isSet("record") && request.record.isEmpty())
-        reader.refuse(QStringLiteral("--record wants a file"));
-    if (!request.record.isEmpty() && isSameFile(request.record, request.output))
-        reader.refuse(QStringLiteral("--output and --record name the same file"));
-    if (request.named.isEmpty() && request.lists.isEmpty())
-        reader.refuse(QStringLiteral("no pictures are given"));
-    if (request.named.contains(QString()))
-        reader.refuse(QStringLiteral("the name of a picture is empty"));
-    if (request.lists.contains(QString()))
-        reader.refuse(QStringLiteral("--pictures-from wants a file"));
-    return request;
-}
+    QStringList outputs() const override
+    {
+        return m_record.isEmpty() ? QStringList(m_output) : QStringList{m_output, m_record};
+    }
 
-/// Complains of \a problems; false when there are some.
-bool isClear(const QStringList &problems)
-{
-    for (const QString &problem : problems.mid(0, kNamedProblems))
-        console::complain(problem);
-    if (problems.size() > kNamedProblems)
-        console::complain(
-            QStringLiteral("there are %1 more of these").arg(problems.size() - kNamedProblems));
-    return problems.isEmpty();
-}
-
-bool readHeadFile(Head &head, const Request &request)
-{
-    if (request.options.config.isEmpty())
-        return true;
-    FindingReport report(request.options.config);
-    const bool read = head.readFile(
-        request.options.config, [&report](const Finding &finding) { report.add(finding); });
-    report.finish();
-    if (!read && report.isEmpty())
-        console::complain(QStringLiteral("%1: cannot be read").arg(request.options.config));
-    if (!read && report.has(Finding::Cause::NotANumber))
-        console::complain(
-            QStringLiteral("%1: is refused, its pictures would come to lie in wrong places")
-                .arg(request.options.config));
-    return read;
-}
-
-/// The pictures' paths; nothing when a list cannot be read or a folder is empty.
-std::optional<QStringList> namedPictures(const Request &request)
-{
-    QStringList named = request.named;
-    QStringList problems;
-    for (const QString &list : request.lists) {
+    ExitCode run(const ProjectRecord &record, const PictureTable &pictures) override
+    {
         QString problem;
-        if (const auto paths = pathsFrom(list, &problem))
-            named += *paths;
-        else
-            problems.append(problem);
+        const auto project = projectOf(record, pictures, &problem);
+        if (!project) {
+            console::complain(problem);
+            return ExitCode::Failed;
+        }
+        QVector<OutputFile> files{
+            {m_output, projectText(*project, QFileInfo(m_output).absolutePath())}};
+        if (!m_record.isEmpty())
+            files.append({m_record, recordToJson(record)});
+        problem = writeWhole(files);
+        if (!problem.isEmpty()) {
+            console::complain(problem);
+            return ExitCode::Failed;
+        }
+        const auto used = std::accumulate(record.groups.begin(), record.groups.end(), 0,
+            [](int sum, const QStringList &stack) { return sum + stack.size(); });
+        console::print(QStringLiteral("%1: %2 locations, %3 pictures, %4 links\n")
+                           .arg(m_output)
+                           .arg(record.groups.size())
+                           .arg(used)
+                           .arg(record.links.size()));
+        return ExitCode::Done;
     }
-    QStringList paths = picturesNamed(named, &problems);
-    if (paths.isEmpty() && problems.isEmpty())
-        problems.append(QStringLiteral("the list names no pictures"));
-    if (request.entry->sortsPictures)
-        paths.sort(Qt::CaseSensitive);
-    return isClear(problems) ? std::optional(paths) : std::nullopt;
-}
 
-bool mayWrite(const Request &request, const QStringList &pictures)
-{
-    const OutputGuard guard(
-        pictures + request.lists + QStringList(request.options.config), request.force);
-    QStringList problems;
-    for (const QString &path : {request.output, request.record}) {
-        const QString objection = path.isEmpty() ? QString() : guard.objection(path);
-        if (!objection.isEmpty())
-            problems.append(QStringLiteral("%1: %2").arg(path, objection));
-    }
-    return isClear(problems);
-}
-
-void addChoices(const ProjectRecord &choices, ProjectRecord *record)
-{
-    record->autoDetection = choices.autoDetection;
-    record->stackLinking = choices.stackLinking;
-    record->levelLinking = choices.levelLinking;
-    record->guidedOptimization = choices.guidedOptimization;
-    record->skipOptimization = choices.skipOptimization;
-    record->cleanLinks = choices.cleanLinks;
-}
-
-ExitCode import(Head &head, const Request &request)
-{
-    const auto paths = namedPictures(request);
-    if (!paths || !mayWrite(request, *paths) || !readHeadFile(head, request))
-        return ExitCode::Failed;
-
-    PictureList pictures{*paths, {}};
-    QStringList problems;
-    readPictures(&pictures, &problems);
-    problems += head.obstacles(pictures, request.options);
-    if (!isClear(problems))
-        return ExitCode::Failed;
-    for (const QString &remark : head.remarks(pictures, request.options))
-        console::complain(remark);
-
-    ProjectRecord record = head.convert(pictures, request.options);
-    addChoices(request.choices, &record);
-    QString problem;
-    const auto project = projectOf(record, pictures.table(), &problem);
-    if (!project)
-        return isClear({problem}) ? ExitCode::Done : ExitCode::Failed;
-
-    const QByteArray text = projectText(*project, QFileInfo(request.output).absolutePath());
-    QVector<OutputFile> files{{request.output, text}};
-    if (!request.record.isEmpty())
-        files.append({request.record, recordToJson(record)});
-    problem = writeWhole(files);
-    if (!problem.isEmpty())
-        return isClear({problem}) ? ExitCode::Done : ExitCode::Failed;
-    const auto used = std::accumulate(record.groups.begin(), record.groups.end(), 0,
-        [](int sum, const QStringList &stack) { return sum + stack.size(); });
-    console::print(QStringLiteral("%1: %2 locations, %3 pictures, %4 links\n")
-                       .arg(request.output)
-                       .arg(record.groups.size())
-                       .arg(used)
-                       .arg(record.links.size()));
-    return ExitCode::Done;
-}
-
-QString headNames()
-{
-    QStringList names;
-    for (const HeadEntry &entry : headEntries())
-        names.append(QLatin1String(entry.name));
-    return names.join(QLatin1String(", "));
-}
+private:
+    QString m_output;
+    QString m_record;
+};
 
 } // namespace
 
 ExitCode runImport(const QStringList &arguments)
 {
-    const QString name = arguments.value(0);
-    if (name == QLatin1String("--help")) {
-        console::print(importHelp());
-        return ExitCode::Done;
-    }
-    const HeadEntry *entry = findHead(name);
-    if (!entry) {
-        const QString given = name.isEmpty() ? QStringLiteral("no head is named")
-                                             : QStringLiteral("there is no head \"%1\"").arg(name);
-        return wrongUsage(QStringLiteral("%1; the heads are %2").arg(given, headNames()),
-            QStringLiteral("panohost import --help"));
-    }
-
-    QCommandLineParser parser;
-    addOptions(parser, *entry);
-    const QString help = QStringLiteral("panohost import %1 --help").arg(name);
-    if (!parser.parse(arguments)) // Takes the first argument, the head, for the program's name.
-        return wrongUsage(parser.errorText(), help);
-    if (parser.isSet(QStringLiteral("help"))) {
-        console::print(helpOf(*entry));
-        return ExitCode::Done;
-    }
-    const std::unique_ptr<Head> head = entry->make();
-    OptionReader reader(parser);
-    const Request request = takeRequest(*entry, parser, reader);
-    head->takeOptions(reader);
-    return reader.error().isEmpty() ? import(*head, request) : wrongUsage(reader.error(), help);
+    ImportCommand command;
+    return runHeadCommand(command, arguments);
 }
 
 QString importHelp()
 {
-    QString help = QStringLiteral(
-        "Usage: panohost import HEAD [--config FILE] --output FILE.pto [OPTIONS] PICTURE...\n"
-        "A folder stands for the pictures in it. -- ends the options. The heads are %1.\n\n")
-                       .arg(headNames());
-    for (const OptionText &option : kCommonOptions)
-        help += optionHelp(option);
-    QStringList shown;
-    for (const HeadEntry &entry : headEntries()) {
-        for (const OptionText &option : entry.options) {
-            if (shown.contains(QLatin1String(option.name)))
-                continue;
-            shown.append(QLatin1String(option.name));
-            help += optionHelp(option, headsWith(option.name));
-        }
-    }
-    return help;
+    return helpOf(ImportCommand());
 }
