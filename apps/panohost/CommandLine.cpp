@@ -37,6 +37,13 @@ QString listOfHeads()
 
 } // namespace
 
+bool isCommand(const QString &word)
+{
+    static const QStringList commands{
+        QStringLiteral("import"), QStringLiteral("map"), QStringLiteral("heads")};
+    return word.startsWith(QLatin1Char('-')) || commands.contains(word);
+}
+
 ExitCode runCommandLine(const QStringList &arguments)
 {
     const QString &command = arguments.first();

@@ -29,7 +29,10 @@ std::unique_ptr<QCoreApplication> makeApplication(int &argc, char **argv)
 /// Without a command the window opens, with the files that are named.
 bool wantsWindow(int argc, char **argv)
 {
-    return argc < 2 || QFileInfo::exists(QFile::decodeName(argv[1]));
+    if (argc < 2)
+        return true;
+    const QString first = QFile::decodeName(argv[1]);
+    return !isCommand(first) && QFileInfo::exists(first);
 }
 
 bool hasDisplay()

@@ -15,6 +15,7 @@
 
 #include <QAbstractButton>
 #include <QCheckBox>
+#include <QDesktopServices>
 #include <QDir>
 #include <QDoubleSpinBox>
 #include <QFileDialog>
@@ -29,6 +30,7 @@
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QUrl>
 #include <QWizardPage>
 #include <memory>
 
@@ -114,9 +116,13 @@ private slots:
     void takesFoldersOnThePage();
     void leavesImports();
     void worksByKeyboard();
+    void opensWhatItWrote();
     void remembers();
     void saysWhatModuleIsMissing_data();
     void saysWhatModuleIsMissing();
+
+public slots:
+    void takeUrl(const QUrl &url) { m_urls.append(url); }
 
 private:
     static DrivenHost &host() { return static_cast<DrivenHost &>(*qApp); }
@@ -137,6 +143,7 @@ private:
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<WindowDriver> m_driver;
     QVector<ProjectRecord> m_imported;
+    QList<QUrl> m_urls;
     Gate m_gate;
 };
 
@@ -765,6 +772,36 @@ void tst_MainWindow::worksByKeyboard()
     another->setFocus();
     QTest::keyClick(another, Qt::Key_Return);
     QCOMPARE(m_window->focusWidget()->objectName(), QStringLiteral("Papywizard"));
+}
+
+void tst_MainWindow::opensWhatItWrote()
+{
+    makePictures(6);
+    writeFile(at("shooting.xml"), shootingXml(6, 1, 24));
+    QVERIFY(m_driver->click(QStringLiteral("Papywizard")));
+    QVERIFY(m_driver->drop({m_folder->path()}));
+    QVERIFY(m_driver->waitForPictures());
+    import(at("a project.pto"));
+
+    QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "takeUrl");
+    QVERIFY(m_driver->click(QStringLiteral("folder")));
+    QCOMPARE(m_urls, QList<QUrl>{QUrl::fromLocalFile(m_folder->path())});
+
+    // Where there is a Hugin it is started, else whatever the desktop has for projects.
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", m_folder->path().toUtf8());
+    QVERIFY(m_driver->click(QStringLiteral("open")));
+    QCOMPARE(m_urls.last(), QUrl::fromLocalFile(at("a project.pto")));
+    writeFile(at("hugin"),
+        "#!/bin/sh\necho \"$@\" >\"${0%/*}/opened.part\"; /bin/mv \"${0%/*}/opened.part\" "
+        "\"${0%/*}/opened\"\n");
+    QVERIFY(QFile::setPermissions(at("hugin"), QFile::ReadOwner | QFile::ExeOwner));
+    QVERIFY(m_driver->click(QStringLiteral("open")));
+    QTRY_VERIFY(QFile::exists(at("opened")));
+    QCOMPARE(fileContent(at("opened")), at("a project.pto").toUtf8() + '\n');
+    QCOMPARE(m_urls.size(), 2);
+    qputenv("PATH", path);
+    QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
 }
 
 void tst_MainWindow::remembers()

@@ -19,9 +19,15 @@ private slots:
     void runs_data();
     void runs();
     void drawsPicturesAtHand();
+    void windowWantsDisplay();
 
 private:
-    int run(const QStringList &arguments);
+    int run(const QStringList &arguments)
+    {
+        return runProgram(QStringList(QStringLiteral("map")) + arguments);
+    }
+    /// Without a display.
+    int runProgram(const QStringList &arguments);
     QByteArray content(const QString &name) const;
     void write(const QString &name, const QByteArray &content) const;
 
@@ -48,6 +54,8 @@ void tst_MapCommand::init()
     write(QStringLiteral("broken.json"), "[1, 2");
     write(QStringLiteral("old.png"), "old");
     QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("folder.png")));
+    // A file of the command's name must not stand in its way.
+    write(QStringLiteral("map"), "");
 }
 
 void tst_MapCommand::write(const QString &name, const QByteArray &content) const
@@ -63,7 +71,7 @@ QByteArray tst_MapCommand::content(const QString &name) const
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-int tst_MapCommand::run(const QStringList &arguments)
+int tst_MapCommand::runProgram(const QStringList &arguments)
 {
     QProcess program;
     QProcessEnvironment bare = QProcessEnvironment::systemEnvironment();
@@ -71,7 +79,7 @@ int tst_MapCommand::run(const QStringList &arguments)
         bare.remove(QLatin1String(name));
     program.setProcessEnvironment(bare);
     program.setWorkingDirectory(m_folder->path());
-    program.start(QStringLiteral(PANOHOST), QStringList(QStringLiteral("map")) + arguments);
+    program.start(QStringLiteral(PANOHOST), arguments);
     if (!program.waitForFinished(60'000) || program.exitStatus() != QProcess::NormalExit)
         return -1;
     m_errors = QString::fromLocal8Bit(program.readAllStandardError());
@@ -155,6 +163,14 @@ void tst_MapCommand::drawsPicturesAtHand()
     QVERIFY(QFile::remove(m_folder->filePath(QStringLiteral("one.png"))));
     QCOMPARE(run(arguments), 0);
     QCOMPARE(greens(), 0);
+}
+
+void tst_MapCommand::windowWantsDisplay()
+{
+    for (const QStringList &arguments : {QStringList(), QStringList(QStringLiteral("one.png"))}) {
+        QCOMPARE(runProgram(arguments), 1);
+        QVERIFY2(m_errors.contains(QLatin1String("there is no display")), qPrintable(m_errors));
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_MapCommand)

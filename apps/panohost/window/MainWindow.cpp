@@ -239,15 +239,19 @@ bool MainWindow::finishImport(const ProjectRecord &record, const HeadFile &file)
             complain(tr("“%1” cannot be written: %2.").arg(QFileInfo(place).fileName(), problem));
             continue;
         }
+        QApplication::setOverrideCursor(Qt::WaitCursor);
         const auto project = projectOf(record, pictures, &problem);
+        const QString failure = project
+            ? writeWhole({{place, projectText(*project, QFileInfo(place).absolutePath())}})
+            : QString();
+        QApplication::restoreOverrideCursor();
         if (!project) {
             complain(tr("The project cannot be made: %1.").arg(problem));
             return false;
         }
-        problem = writeWhole({{place, projectText(*project, QFileInfo(place).absolutePath())}});
-        if (problem.isEmpty())
+        if (failure.isEmpty())
             break;
-        complain(tr("The project could not be written: %1.").arg(problem));
+        complain(tr("The project could not be written: %1.").arg(failure));
     }
 
     m_summary->show(place, figuresOf(record, pictures, file));
