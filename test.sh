@@ -12,6 +12,7 @@ usage() {
     cat <<'TEXT'
 Usage: ./test.sh [MODE]
   dev    all tests, warnings are errors (default)
+  qt6    the same with Qt 6 instead of Qt 5
   asan   all tests under the address and undefined behaviour sanitizers
   tsan   the background reader's tests under the thread sanitizer
   tidy   no tests: clang-format and clang-tidy over the whole tree
@@ -28,6 +29,7 @@ mode=${1:-dev}
 case $mode in
     -h | --help) usage; exit 0 ;;
     dev | asan) ensure_packages build test ;;
+    qt6) ensure_packages build test qt6 ;;
     tsan) ensure_packages build test tsan ;;
     tidy) ensure_packages build test tidy ;;
     *) usage >&2; exit 2 ;;

@@ -55,7 +55,7 @@ int main()
     QTextStream out(stdout);
     out << script.count('\n') << " lines, " << byReader.size() << " shots, best of " << kRuns
         << " runs\n"
-        << "QRegExp: " << expression << " ms\n"
+        << "literal: " << expression << " ms\n"
         << "reader:  " << reader << " ms\n"
         << "ratio:   " << expression / reader << '\n';
     return byExpression.size() == byReader.size() ? 0 : 1;

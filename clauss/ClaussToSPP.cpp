@@ -64,7 +64,7 @@ QVector<geometry::View> viewsOf(
     const QVector<ClaussShot> &shots, int images, const QVector<float> &focals)
 {
     QVector<geometry::View> views;
-    const int pairable = std::min(images, shots.size());
+    const int pairable = std::min(images, static_cast<int>(shots.size()));
     views.reserve(pairable);
     for (int k = 0; k < pairable; ++k) {
         const ClaussShot &shot = shots.at(k);

@@ -60,8 +60,8 @@ void GigapanToSPP::DeriveColumns(int pictures)
     if (m_layout.bracket < 1 || m_layout.rows < 1)
         return;
     const qint64 locations = (qint64(pictures) - m_layout.ignore) / m_layout.bracket;
-    m_layout.columns = static_cast<int>(qBound<qint64>(std::numeric_limits<int>::min(),
-        locations / m_layout.rows, std::numeric_limits<int>::max()));
+    m_layout.columns = static_cast<int>(std::clamp<qint64>(locations / m_layout.rows,
+        std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
 }
 
 void GigapanToSPP::Convert(const QStringList &images, bool fullTurn)

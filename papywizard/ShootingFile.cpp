@@ -198,7 +198,9 @@ private:
     {
         const qint64 line = m_xml.lineNumber();
         const QString text = this->text();
-        const QDateTime time = QDateTime::fromString(text, Qt::TextDate);
+        // Unlike Qt 5, Qt 6 refuses a date with a line break and blanks before it.
+        const bool isQt5 = QT_VERSION < QT_VERSION_CHECK(6, 0, 0);
+        const QDateTime time = QDateTime::fromString(isQt5 ? text : text.trimmed(), Qt::TextDate);
         m_shooting.shots.last().time = time;
         if (!time.isValid() && !text.trimmed().isEmpty())
             note(Finding::Cause::NotADate, line, "time", text.trimmed());

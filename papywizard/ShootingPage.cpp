@@ -192,7 +192,8 @@ void ShootingPage::refreshHead()
 
 QString ShootingPage::warningText() const
 {
-    switch (shootingWarning({shooting(), m_shotCount, pictures().size(), m_pictureLens})) {
+    const int count = static_cast<int>(pictures().size());
+    switch (shootingWarning({shooting(), m_shotCount, count, m_pictureLens})) {
     case ShootingWarning::None:
         break;
     case ShootingWarning::NotMultiple:

@@ -201,8 +201,10 @@ int main(int argc, char **argv)
     }
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+#endif
     QCoreApplication::setApplicationName(QStringLiteral("panohost"));
     // The pictures must not depend on what the user of this machine has set, nor change it.
     const QTemporaryDir settings;

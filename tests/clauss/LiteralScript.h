@@ -8,8 +8,12 @@
 #include <QByteArray>
 #include <QList>
 #include <QLocale>
-#include <QRegExp>
 #include <algorithm>
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+#include <QRegExp>
+#else
+#include <QRegularExpression>
+#endif
 
 /// The rules of the script file, written down as plainly as can be, to compare the reader with.
 namespace literal {
@@ -19,14 +23,22 @@ struct Entry {
     QString value;
 };
 
-/// Takes key and value from a line with the regular expression that defines the format. QRegExp and
-/// not its successor: only its \w is every Latin-1 letter, number and mark.
+/// Takes key and value from a line with the regular expression that defines the format, in which \w
+/// is every Latin-1 letter, number and mark.
 inline Entry entryOf(const QString &line)
 {
-    static const QRegExp format(QStringLiteral("([\\w\\d-]*)=?([\\w\\d-]*)"));
-    QRegExp match = format;
+    const QString format = QStringLiteral("([\\w\\d-]*)=?([\\w\\d-]*)");
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    static const QRegExp expression(format);
+    QRegExp match = expression;
     match.indexIn(line);
     return {match.cap(1), match.cap(2)};
+#else
+    static const QRegularExpression expression(
+        format, QRegularExpression::UseUnicodePropertiesOption);
+    const QRegularExpressionMatch match = expression.match(line);
+    return {match.captured(1), match.captured(2)};
+#endif
 }
 
 inline float toAngle(const QString &value, bool &valid)

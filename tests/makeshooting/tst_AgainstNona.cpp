@@ -148,7 +148,7 @@ QByteArray mirrored(const QByteArray &project, QChar field)
         QStringList words = line.split(QLatin1Char(' '));
         for (QString &word : words) {
             if (line.startsWith(QLatin1String("i ")) && word.startsWith(field) && word.size() > 1)
-                word = field + QString::number(-word.midRef(1).toDouble(), 'f', 9);
+                word = field + QString::number(-QStringView(word).mid(1).toDouble(), 'f', 9);
         }
         line = words.join(QLatin1Char(' '));
     }

@@ -43,7 +43,8 @@ std::optional<PapywizardShooting> readByDocumentModel(const QByteArray &xml)
         const QDomElement position = child(pict, "position");
         shot.yaw = static_cast<float>(number(attribute(position, "yaw"), 0));
         shot.pitch = static_cast<float>(number(attribute(position, "pitch"), 0));
-        shot.time = QDateTime::fromString(child(pict, "time").text(), Qt::TextDate);
+        const QString time = child(pict, "time").text();
+        shot.time = QDateTime::fromString(kIsQt5 ? time : time.trimmed(), Qt::TextDate);
         result.shots.append(shot);
     }
 

@@ -8,6 +8,10 @@
 #include <QByteArray>
 #include <optional>
 
+/// Which Qt is at work, for what its versions judge differently.
+constexpr bool kIsQt5 = QT_VERSION < QT_VERSION_CHECK(6, 0, 0);
+
 /// The reading rules over a document model: what the reader's results are compared with. Nothing
-/// when the model refuses \a xml. Not for deep nesting, which overflows the model's stack.
+/// when the model refuses \a xml; Qt 6's does so where Qt 5's leaves out what it cannot read. Not
+/// for deep nesting, which overflows the model's stack.
 std::optional<PapywizardShooting> readByDocumentModel(const QByteArray &xml);

@@ -413,6 +413,15 @@ void tst_ShootingFile::reads_data()
         "focal=0");
     row("a time between blanks", inPict("<time>\n  Fri Jun  6 10:37:16 2008\n  </time>"),
         "[0 0 0 0 2008-06-06T10:37:16.000]");
+    row("a time before a blank and a line break",
+        inPict("<time>Fri Jun  6 10:37:16 2008 \n</time>"),
+        kIsQt5 ? "[0 0 0 0 -]" : "[0 0 0 0 2008-06-06T10:37:16.000]");
+    row("a fraction of a second", inPict("<time>Fri Jun  6 10:37:16.5 2008</time>"),
+        kIsQt5 ? "[0 0 0 0 2008-06-06T10:37:16.005]" : "[0 0 0 0 2008-06-06T10:37:16.500]");
+    row("more digits than milliseconds", inPict("<time>Fri Jun  6 10:37:16.9996 2008</time>"),
+        kIsQt5 ? "[0 0 0 0 -]" : "[0 0 0 0 2008-06-06T10:37:17.000]");
+    row("a day with a full stop", inPict("<time>Fri 6. Jun 10:37:16 2008</time>"),
+        kIsQt5 ? "[0 0 0 0 2008-06-06T10:37:16.000]" : "[0 0 0 0 -]");
     row("first of two times", inPict("<time>no</time><time>Fri Jun  6 10:37:16 2008</time>"),
         "[0 0 0 0 -]");
 
@@ -665,7 +674,7 @@ void tst_ShootingFile::agreesWithDocumentModelOnDamage()
                 xml.insert(place, xml.mid(random.bounded(xml.size()), 1 + random.bounded(40)));
             }
         }
-        if (!read(xml).accepted)
+        if (!read(xml).accepted || (!kIsQt5 && !readByDocumentModel(xml)))
             continue;
         ++accepted;
         QVERIFY2(difference(xml).isEmpty(), qPrintable(difference(xml)));
@@ -677,14 +686,19 @@ void tst_ShootingFile::differsFromDocumentModel_data()
 {
     QTest::addColumn<QByteArray>("xml");
     QTest::addColumn<QString>("shooting");
+    QTest::addColumn<bool>("qt5Differs");
+    QTest::addColumn<bool>("qt6Differs");
     QTest::newRow("character beyond 16 bits")
-        << inTitle("&#x1F600;") << QStringLiteral("title=\U0001F600");
+        << inTitle("&#x1F600;") << QStringLiteral("title=\U0001F600") << true << false;
     QTest::newRow("declared default of an attribute")
         << "<!DOCTYPE r [<!ATTLIST pict id CDATA '7'>]>" + inPict("")
-        << QStringLiteral("[7 0 0 0 -]");
-    QTest::newRow("line ends") << inTitle("a\r\nb") << QStringLiteral("title=a\nb");
+        << QStringLiteral("[7 0 0 0 -]") << true << false;
+    QTest::newRow("line ends") << inTitle("a\r\nb") << QStringLiteral("title=a\nb") << true
+                               << false;
     QTest::newRow("blanks between nested elements")
-        << inTitle("<b>a</b> <b>b</b>") << QStringLiteral("title=a b");
+        << inTitle("<b>a</b> <b>b</b>") << QStringLiteral("title=a b") << true << true;
+    QTest::newRow("undeclared entity")
+        << inTitle("a&eacute;") << QStringLiteral("title=a") << false << true;
 }
 
 void tst_ShootingFile::differsFromDocumentModel()
@@ -693,8 +707,8 @@ void tst_ShootingFile::differsFromDocumentModel()
     QFETCH(QString, shooting);
 
     QCOMPARE(dump(read(xml).shooting), shooting);
-    // Should the model come to agree, the row belongs among the others.
-    QVERIFY(!difference(xml).isEmpty());
+    // Should both models come to agree, the row belongs among the others.
+    QTEST(!difference(xml).isEmpty(), kIsQt5 ? "qt5Differs" : "qt6Differs");
 }
 
 void tst_ShootingFile::readsFromWhereTheDeviceStands()

@@ -152,5 +152,5 @@ public:
 /// For what needs no window.
 #define FAKE_HOST_MAIN(TestClass) FAKE_HOST_MAIN_WITH(QCoreApplication, TestClass)
 
-/// For pages; the test includes <QApplication> and links Qt5::Widgets.
+/// For pages; the test includes <QApplication> and links Qt::Widgets.
 #define FAKE_HOST_GUI_MAIN(TestClass) FAKE_HOST_MAIN_WITH(QApplication, TestClass)

@@ -53,7 +53,8 @@ QStringList focalObstacles(
     if (options.focal)
         return {};
     QStringList sentences;
-    for (int i = used.first; i < std::min(used.end, pictures.facts.size()); ++i) {
+    const int end = std::min(used.end, static_cast<int>(pictures.facts.size()));
+    for (int i = used.first; i < end; ++i) {
         const PictureFacts &facts = pictures.facts.at(i);
         if (facts.readable && !(facts.focal > 0))
             sentences.append(

@@ -84,7 +84,8 @@ QStringList ShootingFileHead::remarks(const PictureList &pictures, const ImportO
     const PictureLens ofPictures = lensOf(pictures);
     const PictureLens chosen = chosenLens(shooting, pictures, options);
     QStringList sentences;
-    ShootingState state{shooting, shooting.shots.size(), pictures.paths.size(), ofPictures};
+    ShootingState state{shooting, static_cast<int>(shooting.shots.size()),
+        static_cast<int>(pictures.paths.size()), ofPictures};
     if (shootingWarning(state) == ShootingWarning::LensDiffers) {
         sentences.append(QStringLiteral("%1: the file's lens is %2, the pictures' %3; %4 is taken")
                              .arg(options.config, lensName(shooting.fisheye ? 1 : 0),

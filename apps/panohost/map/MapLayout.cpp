@@ -46,8 +46,8 @@ double wrapped(double yaw)
 /// A record that does not hold together still shows what there is of it.
 void placeByAngles(const ProjectRecord &record, MapLayout &layout)
 {
-    const int angles = std::min(record.yaws.size(), record.pitches.size());
-    const int step = std::max(1, angles / std::max(1, record.groups.size()));
+    const int angles = static_cast<int>(std::min(record.yaws.size(), record.pitches.size()));
+    const int step = std::max(1, angles / std::max(1, static_cast<int>(record.groups.size())));
     for (int location = 0; location < layout.places.size(); ++location) {
         const qint64 shot = qint64(location) * step;
         if (shot >= angles)
@@ -211,7 +211,7 @@ MapLayout mapLayout(const ProjectRecord &record, const std::optional<PictureFact
 
     layout.places.reserve(record.groups.size());
     for (const QStringList &stack : record.groups)
-        layout.places.append({{kNowhere, kNowhere}, 0, stack.size()});
+        layout.places.append({{kNowhere, kNowhere}, 0, static_cast<int>(stack.size())});
     if (record.groups.isEmpty()) {
         layout.problem = sentence(QT_TRANSLATE_NOOP("MapLayout", "There are no locations."));
     } else if (record.yaws.isEmpty()) {
