@@ -28,6 +28,10 @@ ImportForm bindForm(const Ui::UIWPClaussClass &ui)
     QT_TRANSLATE_NOOP("UIWPClauss", "All Files (*.*)"),
     QT_TRANSLATE_NOOP("UIWPClauss", "Select images"),
     QT_TRANSLATE_NOOP("UIWPClauss", "Select the preset file and/or images"),
+    QT_TRANSLATE_NOOP("UIWPClauss", "Warning"),
+    QT_TRANSLATE_NOOP("UIWPClauss",
+        "A focal length of %1 mm makes about %2 million links between the pictures, more than %3 "
+        "million. Check the focal length."),
 };
 
 } // namespace
@@ -69,6 +73,8 @@ bool UIWPClauss::validatePage()
     ZIApplication *host = FindApplication();
     if (!host)
         return true;
+    if (!acceptLinks(EstimateLinks(pictures().size(), pictureInfos())))
+        return false;
     Convert(pictures(), pictureInfos());
     importRecord(*host, m_record);
     return true;

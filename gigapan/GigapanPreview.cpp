@@ -32,12 +32,16 @@ PreviewScene gridScene(const GigapanLayout &layout, int pictures, const QBrush &
     scene.height = layout.rows * kStep + kMargin;
     const GigapanUse use = useOf(layout, pictures);
     scene.path.resize(use.locations);
+    scene.cells.resize(use.locations);
+    QVector<PreviewCell> empty;
     for (int row = 0; row < layout.rows; ++row) {
         for (int column = 0; column < layout.columns; ++column) {
             PreviewCell cell;
             cell.rect = QRectF(kMargin + column * kStep, kMargin + row * kStep, kCell, kCell);
             const int location = locationAt(layout, row, column);
-            if (location < use.locations) {
+            if (location >= use.locations) {
+                empty.append(cell);
+            } else {
                 cell.picture = use.ignored + location * layout.bracket;
                 cell.caption = QString::number(location);
                 scene.path[location] = cell.rect.center();
@@ -45,9 +49,10 @@ PreviewScene gridScene(const GigapanLayout &layout, int pictures, const QBrush &
                     cell.mark = PreviewCell::Mark::Last;
                 if (location == 0)
                     cell.mark = PreviewCell::Mark::First;
+                scene.cells[location] = cell;
             }
-            scene.cells.append(cell);
         }
     }
+    scene.cells += empty;
     return scene;
 }

@@ -11,6 +11,7 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QUrl>
 #include <QWizard>
@@ -58,7 +59,9 @@ void ImportPage::attach(const ImportForm &form, const heads::Head &head)
     m_leImages = form.images;
     m_leImages->setMaxLength(std::numeric_limits<int>::max());
     m_options = form.options;
-    m_preview = PreviewPane(form.preview, form.options.zoom);
+    m_preview = std::make_unique<PreviewPane>(form.preview, form.options.zoom, [this](int picture) {
+        return picture < m_infos.size() ? &m_infos[picture]->GetThumbnail() : nullptr;
+    });
     // A line edit would take dropped files as text.
     const QList<QLineEdit *> edits = findChildren<QLineEdit *>();
     for (QLineEdit *edit : edits)
@@ -161,9 +164,13 @@ void ImportPage::changed()
 
 void ImportPage::redrawPreview()
 {
-    m_preview.show(previewScene(), [this](int picture) {
-        return picture < m_infos.size() ? &m_infos[picture]->GetThumbnail() : nullptr;
-    });
+    m_preview->show(previewScene(), m_infos.size());
+}
+
+void ImportPage::resultsChanged()
+{
+    m_preview->addPictures(m_infos.size());
+    emit completeChanged();
 }
 
 void ImportPage::publish()
@@ -192,6 +199,21 @@ void ImportPage::setEditText(QLineEdit *edit, const QString &text)
         return;
     edit->setText(text);
     edit->setCursorPosition(0);
+}
+
+bool ImportPage::acceptLinks(const geometry::LinkEstimate &estimate)
+{
+    if (!estimate.isTooMany())
+        return true;
+    const auto millions = [](qint64 links) { return qRound64(double(links) / 1e6); };
+    QMessageBox::warning(this, text("Warning"),
+        text("A focal length of %1 mm makes about %2 million links between the pictures, more than "
+             "%3 million. Check the focal length.")
+            .arg(double(estimate.focal))
+            .arg(millions(estimate.links))
+            .arg(millions(geometry::kMostLinks)),
+        QMessageBox::Ok);
+    return false;
 }
 
 void ImportPage::importRecord(ZIApplication &host, ProjectRecord &record) const

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "geometry/LinkLimit.h"
 #include "host/ZIApplication.h"
 #include "pages/FileChooser.h"
 #include "pages/Heads.h"
@@ -12,6 +13,7 @@
 
 #include <QWizardPage>
 
+#include <memory>
 #include <vector>
 
 class QLabel;
@@ -86,17 +88,20 @@ protected:
     void clearPictures();
     /// Takes what the reader has by now. False when that is nothing new.
     bool takeResults();
-    /// Has \a page's UpdatePreview() run when there are new results.
+    /// Has \a page's preview drawn on when there are new results.
     template <class Page> void updatePreviewOnResults(Page *page)
     {
-        const auto update = [this, page] {
+        const auto update = [this] {
             if (takeResults())
-                page->UpdatePreview();
+                resultsChanged();
         };
         connect(&m_reader, &ReadingThread::Loaded, page, update);
         // An unreadable last picture leaves the results before it unannounced.
         connect(&m_reader, &ReadingThread::Done, page, update);
     }
+    /// Draws the pictures that results have come in for, and tells the wizard that completeness may
+    /// have changed.
+    void resultsChanged();
 
     /// Fills all widgets from the page's state and redraws the preview.
     void refresh();
@@ -112,6 +117,8 @@ protected:
     /// user types.
     static void setEditText(QLineEdit *edit, const QString &text);
 
+    /// Whether an import of so many links may go on; if not, the user is told why.
+    bool acceptLinks(const geometry::LinkEstimate &estimate);
     /// Hands the finished record to \a host.
     void importRecord(ZIApplication &host, ProjectRecord &record) const;
 
@@ -131,12 +138,12 @@ private:
 
     QLineEdit *m_leImages = nullptr;
     OptionBoxes m_options;
-    PreviewPane m_preview;
+    std::unique_ptr<PreviewPane> m_preview;
     ReadingThread m_reader;
     QStringList m_pictures;
     QString m_pictureNames;
     QList<ImageInfo *> m_infos;
-    /// The reader was given other pictures since its results were last taken.
+    /// Whether the results of the present list were never taken.
     bool m_listIsNew = false;
     std::vector<QMetaObject::Connection> m_subtitleLinks;
 };

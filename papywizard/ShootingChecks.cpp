@@ -29,25 +29,32 @@ bool focalsDiffer(const ShootingState &state)
 
 } // namespace
 
-PictureLens lensOfPictures(const QVector<PictureLens> &pictures)
+void LensTally::add(const PictureLens &picture)
 {
-    PictureLens all;
-    for (const PictureLens &picture : pictures) {
-        all.focal += picture.focal;
-        all.lensType = picture.lensType;
-    }
-    if (!pictures.isEmpty())
-        all.focal /= pictures.size();
-    return all;
+    m_focals += picture.focal;
+    m_lensType = picture.lensType;
+    ++m_count;
 }
 
-PictureLens lensOfPictures(const QList<ImageInfo *> &pictures)
+void LensTally::addFurther(const QList<ImageInfo *> &pictures)
 {
-    QVector<PictureLens> lenses;
-    lenses.reserve(pictures.size());
-    for (const ImageInfo *picture : pictures)
-        lenses.append({static_cast<double>(picture->GetFocalLength()), picture->GetLensType()});
-    return lensOfPictures(lenses);
+    while (m_count < pictures.size()) {
+        const ImageInfo *picture = pictures.at(m_count);
+        add({static_cast<double>(picture->GetFocalLength()), picture->GetLensType()});
+    }
+}
+
+PictureLens LensTally::lens() const
+{
+    return {m_count > 0 ? m_focals / m_count : 0, m_lensType};
+}
+
+PictureLens lensOfPictures(const QVector<PictureLens> &pictures)
+{
+    LensTally tally;
+    for (const PictureLens &picture : pictures)
+        tally.add(picture);
+    return tally.lens();
 }
 
 PictureLens proposedLens(const PapywizardShooting &shooting, const PictureLens &pictures)

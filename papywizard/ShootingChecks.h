@@ -17,10 +17,23 @@ struct PictureLens {
     int lensType = 0;
 };
 
-/// What the chosen pictures tell together: their mean focal length, pictures without one counted
-/// as 0, and the last picture's lens type.
+/// What pictures tell together, one after the other: their mean focal length, pictures without one
+/// counted as 0, and the last picture's lens type.
+class LensTally {
+public:
+    void add(const PictureLens &picture);
+    /// Adds those of \a pictures that have not been added.
+    void addFurther(const QList<ImageInfo *> &pictures);
+    PictureLens lens() const;
+
+private:
+    double m_focals = 0;
+    int m_lensType = 0;
+    int m_count = 0;
+};
+
+/// What all of \a pictures tell together.
 PictureLens lensOfPictures(const QVector<PictureLens> &pictures);
-PictureLens lensOfPictures(const QList<ImageInfo *> &pictures);
 
 /// The lens to start from: the pictures' where they tell a focal length, else the file's. Its focal
 /// is 0 when neither tells one; what is set then stays.

@@ -41,7 +41,7 @@ bool ShootingPage::validatePage()
     if (!host)
         return true;
     const bool whole = m_converter->CheckBracketing(pictures().size());
-    refresh();
+    refreshHead();
     if (!whole) {
         QMessageBox::warning(this, text("Warning"),
             text("Papywizard XML has bracketing and the number of images isn't a multiple of this "
@@ -49,7 +49,11 @@ bool ShootingPage::validatePage()
             QMessageBox::Ok);
         return false;
     }
-    m_converter->Convert(pictures(), m_form.focal->value(), m_form.lensType->currentIndex());
+    const double focal = m_form.focal->value();
+    const int lensType = m_form.lensType->currentIndex();
+    if (!acceptLinks(m_converter->EstimateLinks(pictures().size(), focal, lensType)))
+        return false;
+    m_converter->Convert(pictures(), focal, lensType);
     completeRecord();
     importRecord(*host, m_converter->Record());
     return true;
@@ -62,7 +66,7 @@ void ShootingPage::selectImages()
         return;
     chosen.sort();
     tellHostFolder(chosen.first());
-    setPictures(chosen);
+    replacePictures(chosen);
     changed();
 }
 
@@ -87,7 +91,7 @@ void ShootingPage::takeFiles(const QStringList &files)
     }
     if (!choice.pictures.isEmpty()) {
         choice.pictures.sort();
-        setPictures(choice.pictures);
+        replacePictures(choice.pictures);
     }
     changed();
 }
@@ -96,11 +100,13 @@ void ShootingPage::takePictureData()
 {
     if (!takeResults())
         return;
-    m_pictureLens = lensOfPictures(pictureInfos());
+    m_lenses.addFurther(pictureInfos());
+    m_pictureLens = m_lenses.lens();
     const PictureLens proposed = proposedLens(shooting(), m_pictureLens);
     if (proposed.focal > 0)
         setLens(proposed.focal, proposed.lensType);
-    changed();
+    refreshHead();
+    resultsChanged();
 }
 
 void ShootingPage::invertPitch()
@@ -133,6 +139,7 @@ void ShootingPage::startOver()
     m_configFile.clear();
     m_shotCount = -1;
     m_pictureLens = {};
+    m_lenses = {};
     m_ranges = {};
     shooting() = {};
     m_converter->ClearRecord();
@@ -160,6 +167,12 @@ void ShootingPage::loadConfigFile(const QString &path)
         QStringLiteral("%1\n%2\n%3").arg(read.title, read.gps, read.comment));
     showHeader(read);
     m_ranges = rangesOf(read.shots);
+}
+
+void ShootingPage::replacePictures(const QStringList &pictures)
+{
+    m_lenses = {};
+    setPictures(pictures);
 }
 
 void ShootingPage::setLens(double focal, int lensType)

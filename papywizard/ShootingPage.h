@@ -132,6 +132,7 @@ protected:
 private:
     void setUpWidgets(const ShootingForm &form);
     void loadConfigFile(const QString &path);
+    void replacePictures(const QStringList &pictures);
     void setLens(double focal, int lensType);
     QString warningText() const;
     PapywizardShooting &shooting() const { return m_converter->Shooting(); }
@@ -143,6 +144,8 @@ private:
     QString m_configFile;
     int m_shotCount = -1;
     PictureLens m_pictureLens;
+    /// Of the pictures read so far.
+    LensTally m_lenses;
     ShotRanges m_ranges;
 };
 

@@ -22,6 +22,9 @@ namespace {
     QT_TRANSLATE_NOOP("UIWPMerlin", "Not the same as in XML fil"),
     QT_TRANSLATE_NOOP("UIWPMerlin", "Focal Length difference between EXIF and XML"),
     QT_TRANSLATE_NOOP("UIWPMerlin", "Lens type difference between EXIF and XML"),
+    QT_TRANSLATE_NOOP("UIWPMerlin",
+        "A focal length of %1 mm makes about %2 million links between the pictures, more than %3 "
+        "million. Check the focal length."),
 };
 
 } // namespace

@@ -11,12 +11,6 @@
 #include <QString>
 #include <QVector>
 
-#include <functional>
-
-class QPainter;
-class QPalette;
-class QPixmap;
-
 /// One picture's place in a preview. Lengths in pixels at a zoom of 100 %.
 struct PreviewCell {
     enum class Mark { None, First, Last };
@@ -36,6 +30,8 @@ struct PreviewScene {
     double width = 0;
     double height = 0;
     QBrush background;
+    /// In rising order of their pictures, those without one last. Later cells lie over earlier
+    /// ones.
     QVector<PreviewCell> cells;
     /// The way of the head, drawn over the cells.
     QVector<QPointF> path;
@@ -55,22 +51,7 @@ struct PositionsStyle {
 PreviewScene positionsScene(
     const QVector<HeadShot> &shots, const ShotRanges &ranges, const PositionsStyle &style);
 
-/// The thumbnail of a picture, or null while it has not been read. What it points to needs to be
-/// valid until the next call only.
-using ThumbnailSource = std::function<const QPixmap *(int picture)>;
-
 /// Size of \a scene at \a zoom percent, computed as whole pixels x zoom / 100. Where that would
 /// pass 16,384 pixels a side or 32 megapixels it is the largest size of that shape that fits, and
 /// at least 1 x 1. Empty for an empty scene.
 QSize previewSize(const PreviewScene &scene, int zoom);
-
-/// What a scene is drawn on.
-struct PreviewCanvas {
-    QSize size;
-    /// Pixels of the device to one of the page: lines and captions grow with it.
-    double density = 1;
-};
-
-/// Draws \a scene over the whole of \a canvas.
-void paintPreview(QPainter &painter, const PreviewScene &scene, const PreviewCanvas &canvas,
-    const ThumbnailSource &thumbnails, const QPalette &palette);

@@ -22,6 +22,9 @@ namespace {
     QT_TRANSLATE_NOOP("UIWPVRDrive2", "Not the same as in XML fil"),
     QT_TRANSLATE_NOOP("UIWPVRDrive2", "Focal length difference between EXIF and XML"),
     QT_TRANSLATE_NOOP("UIWPVRDrive2", "Lens type difference between EXIF and XML"),
+    QT_TRANSLATE_NOOP("UIWPVRDrive2",
+        "A focal length of %1 mm makes about %2 million links between the pictures, more than %3 "
+        "million. Check the focal length."),
 };
 
 } // namespace

@@ -42,6 +42,14 @@
         <source>Error parse file:%1</source>
         <translation>Fehler beim Lesen der Datei: %1</translation>
     </message>
+    <message>
+        <source>Warning</source>
+        <translation>Warnung</translation>
+    </message>
+    <message>
+        <source>A focal length of %1 mm makes about %2 million links between the pictures, more than %3 million. Check the focal length.</source>
+        <translation>Eine Brennweite von %1 mm ergibt etwa %2 Millionen Verknüpfungen zwischen den Bildern, mehr als %3 Millionen. Prüfen Sie die Brennweite.</translation>
+    </message>
 </context>
 <context>
     <name>UIWPClaussClass</name>
@@ -378,6 +386,10 @@
         <source> is a free project to drive Merlin/Orion panorama heads. The XML file format is open and used by a wide range of motorized panorama heads.</source>
         <translation> ist ein freies Projekt zum Steuern der Panoramaköpfe Merlin/Orion. Sein XML-Dateiformat ist offen und wird von vielen motorisierten Panoramaköpfen verwendet.</translation>
     </message>
+    <message>
+        <source>A focal length of %1 mm makes about %2 million links between the pictures, more than %3 million. Check the focal length.</source>
+        <translation>Eine Brennweite von %1 mm ergibt etwa %2 Millionen Verknüpfungen zwischen den Bildern, mehr als %3 Millionen. Prüfen Sie die Brennweite.</translation>
+    </message>
 </context>
 <context>
     <name>UIWPMerlinClass</name>
@@ -635,6 +647,10 @@
     <message>
         <source> plug-in enables an automated HDR workflow with all parameters set for true light rendering and easy use of %1 software.</source>
         <translation> ermöglicht einen automatischen HDR-Ablauf, bei dem alle Parameter für die Wiedergabe des wahren Lichts und den einfachen Gebrauch von %1 eingestellt sind.</translation>
+    </message>
+    <message>
+        <source>A focal length of %1 mm makes about %2 million links between the pictures, more than %3 million. Check the focal length.</source>
+        <translation>Eine Brennweite von %1 mm ergibt etwa %2 Millionen Verknüpfungen zwischen den Bildern, mehr als %3 Millionen. Prüfen Sie die Brennweite.</translation>
     </message>
 </context>
 <context>

@@ -42,6 +42,14 @@
         <source>Error parse file:%1</source>
         <translation>Erreur de lecture du fichier : %1</translation>
     </message>
+    <message>
+        <source>Warning</source>
+        <translation>Avertissement</translation>
+    </message>
+    <message>
+        <source>A focal length of %1 mm makes about %2 million links between the pictures, more than %3 million. Check the focal length.</source>
+        <translation>Une longueur focale de %1 mm donne environ %2 millions de liens entre les images, plus de %3 millions. Vérifiez la longueur focale.</translation>
+    </message>
 </context>
 <context>
     <name>UIWPClaussClass</name>
@@ -378,6 +386,10 @@
         <source> is a free project to drive Merlin/Orion panorama heads. The XML file format is open and used by a wide range of motorized panorama heads.</source>
         <translation> est un projet libre de pilotage des têtes panoramiques Merlin/Orion. Son format de fichier XML est ouvert et utilisé par de nombreuses têtes motorisées.</translation>
     </message>
+    <message>
+        <source>A focal length of %1 mm makes about %2 million links between the pictures, more than %3 million. Check the focal length.</source>
+        <translation>Une longueur focale de %1 mm donne environ %2 millions de liens entre les images, plus de %3 millions. Vérifiez la longueur focale.</translation>
+    </message>
 </context>
 <context>
     <name>UIWPMerlinClass</name>
@@ -635,6 +647,10 @@
     <message>
         <source> plug-in enables an automated HDR workflow with all parameters set for true light rendering and easy use of %1 software.</source>
         <translation> : ce module automatise le traitement HDR, tous les paramètres étant réglés pour un rendu fidèle de la lumière et un usage simple de %1.</translation>
+    </message>
+    <message>
+        <source>A focal length of %1 mm makes about %2 million links between the pictures, more than %3 million. Check the focal length.</source>
+        <translation>Une longueur focale de %1 mm donne environ %2 millions de liens entre les images, plus de %3 millions. Vérifiez la longueur focale.</translation>
     </message>
 </context>
 <context>

@@ -205,8 +205,8 @@ void tst_NeighbourSearch::findsWhatEveryPairGives()
     QRandomGenerator random(4326);
     qint64 links = 0;
     qint64 pairs = 0;
-    for (int round = 0; round < 150; ++round) {
-        const int count = round % 50 == 0 ? 1200 : 1 + random.bounded(120);
+    for (int round = 0; round < 80; ++round) {
+        const int count = round % 40 == 0 ? 1000 : 1 + random.bounded(120);
         Places places = make(random, count);
         if (random.bounded(2))
             addDuplicates(random, places);

@@ -32,6 +32,11 @@ std::optional<PapywizardShooting> readByDocumentModel(const QByteArray &xml)
     QDomDocument document;
     if (!document.setContent(xml))
         return std::nullopt;
+    return shootingOf(document);
+}
+
+PapywizardShooting shootingOf(const QDomDocument &document)
+{
     const QDomElement root = document.documentElement();
 
     PapywizardShooting result;

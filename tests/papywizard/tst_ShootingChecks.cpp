@@ -157,7 +157,10 @@ void tst_ShootingChecks::takesLensOfInfos()
     // 0.1 as a float: the mean must be of what the host says, in double.
     LensInfo first(0.1F, 1);
     LensInfo second(0.2F, 0);
-    const PictureLens lens = lensOfPictures(QList<ImageInfo *>{&second, &first});
+    LensTally tally;
+    tally.addFurther({&second});
+    tally.addFurther({&second, &first});
+    const PictureLens lens = tally.lens();
     QCOMPARE(lens.focal, (double(0.2F) + double(0.1F)) / 2);
     QCOMPARE(lens.lensType, 1);
 }

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The ZPanoHead authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "preview/PreviewScene.h"
+#include "preview/PreviewDrawing.h"
 
 #include <QGuiApplication>
 #include <QPainter>
