@@ -29,8 +29,8 @@ private:
     bool m_missed = false;
 };
 
-/// Processor time that \a work takes in this thread, in milliseconds: what it takes on a machine that
-/// does nothing else. All times below are such.
+/// Processor time that \a work takes in this thread, in milliseconds: what it takes on a machine
+/// that does nothing else. All times below are such.
 double milliseconds(const std::function<void()> &work);
 
 /// Medians of two ways' times in milliseconds, measured turn by turn so that what else the machine

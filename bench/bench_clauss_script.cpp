@@ -1,12 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The ZPanoHead authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+// Clauss scripts: the reader against the format's regular expression, line by line.
+
+#include "bench/Bench.h"
 #include "clauss/ClaussScript.h"
 #include "tests/clauss/LiteralScript.h"
-
-#include <QElapsedTimer>
-#include <QTextStream>
-#include <functional>
 
 namespace {
 
@@ -28,35 +27,24 @@ QByteArray makeScript()
     return script;
 }
 
-/// Shortest of some runs, in milliseconds.
-double milliseconds(const std::function<void()> &work)
-{
-    qint64 shortest = std::numeric_limits<qint64>::max();
-    for (int run = 0; run < kRuns; ++run) {
-        QElapsedTimer timer;
-        timer.start();
-        work();
-        shortest = qMin(shortest, timer.nsecsElapsed());
-    }
-    return double(shortest) / 1e6;
-}
-
 } // namespace
 
-/// Reads the same script by regular expression, line by line, and by the reader.
 int main()
 {
     const QByteArray script = makeScript();
     QVector<HeadShot> byExpression;
     QVector<HeadShot> byReader;
-    const double expression = milliseconds([&] { byExpression = literal::read(script).shots; });
-    const double reader = milliseconds([&] { byReader = readClaussScript(script).shots; });
+    const bench::Pair times = bench::sideBySide(
+        kRuns, [&] { byExpression = literal::read(script).shots; },
+        [&] { byReader = readClaussScript(script).shots; });
+    if (byExpression.size() != byReader.size())
+        qFatal("The shots differ");
 
-    QTextStream out(stdout);
-    out << script.count('\n') << " lines, " << byReader.size() << " shots, best of " << kRuns
-        << " runs\n"
-        << "literal: " << expression << " ms\n"
-        << "reader:  " << reader << " ms\n"
-        << "ratio:   " << expression / reader << '\n';
-    return byExpression.size() == byReader.size() ? 0 : 1;
+    bench::Table table;
+    table.note(
+        QStringLiteral("Clauss script of 70,000 lines: by regular expression; by the reader"),
+        QStringLiteral("%1 ms; %2 ms").arg(bench::number(times.plain), bench::number(times.quick)));
+    table.row(QStringLiteral("Clauss script of 70,000 lines: reader against regular expression"),
+        times.plain / times.quick, bench::Bar::AtLeast, 20, " times");
+    return table.exitCode();
 }
