@@ -158,14 +158,15 @@ int importInWindow(HostApplication &application, const Import &import, const QSt
         QElapsedTimer timer;
         timer.start();
         QString problem;
-        const auto project = ptoProject(record, application.pictures(), folder, &problem);
+        const auto project = projectOf(record, application.pictures(), &problem);
         if (!project)
             qFatal("%s", qPrintable(problem));
-        problem = writeWhole({{folder + QLatin1String("/window.pto"), *project}});
+        const QByteArray text = projectText(*project, folder);
+        problem = writeWhole({{folder + QLatin1String("/window.pto"), text}});
         if (!problem.isEmpty())
             qFatal("%s", qPrintable(problem));
         projectTime = since(timer);
-        projectSize = project->size();
+        projectSize = text.size();
         links = record.links.size();
         return true;
     };

@@ -35,39 +35,51 @@ QString listOfHeads()
     return list;
 }
 
-} // namespace
+using Command = ExitCode (*)(const QStringList &arguments);
 
-bool isCommand(const QString &word)
+const QHash<QString, Command> &commands()
 {
-    static const QStringList commands{
-        QStringLiteral("import"), QStringLiteral("map"), QStringLiteral("heads")};
-    return word.startsWith(QLatin1Char('-')) || commands.contains(word);
+    static const QHash<QString, Command> commands{
+        {QStringLiteral("import"), runImport},
+        {QStringLiteral("map"), runMap},
+    };
+    return commands;
 }
 
-ExitCode runCommandLine(const QStringList &arguments)
+/// What is printed for words that take nothing behind them.
+QHash<QString, QString> answers()
 {
-    const QString &command = arguments.first();
-    const QStringList rest = arguments.mid(1);
-    if (command == QLatin1String("import"))
-        return runImport(rest);
-    if (command == QLatin1String("map"))
-        return runMap(rest);
-
-    const QHash<QString, QString> answers{
+    return {
         {QStringLiteral("heads"), listOfHeads()},
         {QStringLiteral("--help"), help()},
         {QStringLiteral("-h"), help()},
         {QStringLiteral("--version"),
             QStringLiteral("panohost %1\n").arg(QCoreApplication::applicationVersion())},
     };
-    const auto answer = answers.constFind(command);
-    if (answer == answers.constEnd() || !rest.isEmpty()) {
-        console::complain(answer == answers.constEnd()
+}
+
+} // namespace
+
+bool isCommand(const QString &word)
+{
+    return word.startsWith(QLatin1Char('-')) || commands().contains(word)
+        || answers().contains(word);
+}
+
+ExitCode runCommandLine(const QStringList &arguments)
+{
+    const QString &command = arguments.first();
+    const QStringList rest = arguments.mid(1);
+    if (const Command run = commands().value(command))
+        return run(rest);
+    const QString answer = answers().value(command);
+    if (answer.isEmpty() || !rest.isEmpty()) {
+        console::complain(answer.isEmpty()
                 ? QStringLiteral("there is no command \"%1\"").arg(command)
                 : QStringLiteral("%1 takes nothing behind it").arg(command));
         console::complain(QStringLiteral("panohost --help tells how it is used"));
         return ExitCode::WrongUsage;
     }
-    console::print(*answer);
+    console::print(answer);
     return ExitCode::Done;
 }
