@@ -27,11 +27,9 @@ struct FileContent {
 FileContent readFile(const QString &path)
 {
     QFile file(path);
-    const QString error = openHeadFile(file);
+    const QString error = openHeadFile(file, kLargestScript);
     if (!error.isEmpty())
         return {{}, error};
-    if (file.size() > kLargestScript)
-        return {{}, QStringLiteral("Too large for a script")};
     FileContent content{file.readAll(), {}};
     if (file.error() != QFileDevice::NoError)
         content.error = file.errorString();

@@ -14,6 +14,10 @@ namespace {
 
 constexpr int kFisheye = 1;
 
+/// A million shots, generously written, are half of this. One text of this length is also the most
+/// that a string can hold.
+constexpr qint64 kLargestFile = qint64(512) * 1024 * 1024;
+
 int bracketsOf(const PapywizardShooting &shooting)
 {
     return std::max(1, shooting.bracketCount);
@@ -39,7 +43,7 @@ bool MerlinToSPP::ReadXML(const QString &path, const FindingSink &findings)
 {
     m_shooting = {};
     QFile file(path);
-    const QString error = openHeadFile(file);
+    const QString error = openHeadFile(file, kLargestFile);
     if (!error.isEmpty()) {
         if (findings)
             findings({Finding::Cause::CannotOpen, 0, error});

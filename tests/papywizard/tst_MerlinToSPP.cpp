@@ -7,6 +7,7 @@
 
 #include <QFile>
 #include <QTemporaryDir>
+#include <QTemporaryFile>
 #include <QTest>
 #include <limits>
 
@@ -70,6 +71,7 @@ private slots:
     void readsFiles();
     void cannotRead_data();
     void cannotRead();
+    void refusesHugeFiles();
 };
 
 void tst_MerlinToSPP::checksBracketing_data()
@@ -287,6 +289,19 @@ void tst_MerlinToSPP::cannotRead()
     QVERIFY(!findings.first().value.isEmpty());
     QVERIFY(converter.Shooting().title.isEmpty());
     QVERIFY(!converter.ReadXML(path));
+}
+
+void tst_MerlinToSPP::refusesHugeFiles()
+{
+    // Takes no place on the disk.
+    QTemporaryFile file;
+    QVERIFY(file.open() && file.resize((qint64(512) << 20) + 1));
+    QVector<Finding> findings;
+    MerlinToSPP converter;
+    QVERIFY(!converter.ReadXML(
+        file.fileName(), [&](const Finding &finding) { findings.append(finding); }));
+    QCOMPARE(findings.size(), 1);
+    QCOMPARE(int(findings.first().cause), int(Finding::Cause::CannotOpen));
 }
 
 QTEST_GUILESS_MAIN(tst_MerlinToSPP)
