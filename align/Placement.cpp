@@ -3,6 +3,7 @@
 
 #include "align/Placement.h"
 
+#include "align/GridShape.h"
 #include "geometry/Angle.h"
 #include "gigapan/GigapanToSPP.h"
 
@@ -56,31 +57,25 @@ std::optional<QVector<Placement>> recordedPlaces(const ProjectRecord &record, QS
 std::optional<QVector<Placement>> gridPlaces(
     const ProjectRecord &record, const PictureOptics &lens, bool turned, QString *problem)
 {
-    const int groups = record.groups.size();
-    GigapanLayout layout;
-    layout.mode = record.layoutMode;
-    layout.rows = record.layoutRows;
-    layout.columns = layout.rows > 0 ? groups / layout.rows : 0;
-    if (layout.columns < 1 || layout.rows * layout.columns != groups
-        || !std::isfinite(record.overlap)) {
+    const auto grid = gridShapeOf(record);
+    if (!grid) {
         *problem = QStringLiteral("the record has %1 locations and no grid of %2 rows")
-                       .arg(groups)
-                       .arg(layout.rows);
+                       .arg(record.groups.size())
+                       .arg(record.layoutRows);
         return std::nullopt;
     }
-    const double apart = 1 - record.overlap / 100;
-    const int across = turned ? lens.size.height() : lens.size.width();
-    const int down = turned ? lens.size.width() : lens.size.height();
-    const double columnStep
-        = record.fullTurn ? 360.0 / layout.columns : degrees(lens.angleAcross(across)) * apart;
-    const double rowStep = degrees(lens.angleAcross(down)) * apart;
+    GigapanLayout layout;
+    layout.mode = record.layoutMode;
+    layout.rows = grid->rows;
+    layout.columns = grid->columns;
+    const GridSteps steps = stepsOf(*grid, lens, turned);
 
-    QVector<Placement> places(groups);
+    QVector<Placement> places(record.groups.size());
     for (int row = 0; row < layout.rows; ++row) {
         for (int column = 0; column < layout.columns; ++column) {
             places[locationAt(layout, row, column)] = {
-                wrapped((column - (layout.columns - 1) / 2.0) * columnStep),
-                ((layout.rows - 1) / 2.0 - row) * rowStep,
+                wrapped((column - (layout.columns - 1) / 2.0) * steps.column),
+                ((layout.rows - 1) / 2.0 - row) * steps.row,
                 0,
             };
         }

@@ -169,9 +169,11 @@ void tst_ImportWords::tellsTimeLeft()
 void tst_ImportWords::doubts_data()
 {
     QTest::addColumn<ProjectRecord>("record");
+    QTest::addColumn<PictureTable>("pictures");
     QTest::addColumn<QString>("says");
-    const auto row = [](const char *name, const ProjectRecord &record, const char *says) {
-        QTest::newRow(name) << record << QString::fromUtf8(says);
+    const auto row = [](const char *name, const ProjectRecord &record, const char *says,
+                         const PictureTable &pictures = {}) {
+        QTest::newRow(name) << record << pictures << QString::fromUtf8(says);
     };
     row("as it should be", ring(12, 1, 24), "");
     row("each picture's own focal", ring(12, 1, 0), "");
@@ -194,13 +196,48 @@ void tst_ImportWords::doubts_data()
     row("all linked but one, one twice", odd, "");
     odd.yaws.clear();
     row("no angles", odd, "");
+
+    ProjectRecord mean = ring(12, 1, 22);
+    PictureTable told = tableOf(mean, 24);
+    told[mean.groups[3].first()].focal = 0;
+    row("a mean with zeros", mean, "1 of 12 pictures do not tell their focal length", told);
+    mean.focal = 24;
+    row("the zeros left out", mean, "", told);
+
+    // 73.7 by 53.1 degrees a picture.
+    const auto grid = [&row](const char *name, int rows, int columns, double overlap, bool fullTurn,
+                          const char *says, int orientation = 1) {
+        ProjectRecord record = ring(rows * columns, 1, 24);
+        record.yaws.clear();
+        record.pitches.clear();
+        record.layoutRows = rows;
+        record.overlap = overlap;
+        record.fullTurn = fullTurn;
+        PictureTable pictures = tableOf(record, 24);
+        for (PictureFacts &facts : pictures)
+            facts.orientation = orientation;
+        row(name, record, says, pictures);
+    };
+    grid("a grid", 4, 4, 0, false, "");
+    grid("too many rows", 5, 4, 0, false, "of 5 rows it would be 213°");
+    grid("too many rows upright", 4, 4, 0, false, "of 4 rows it would be 221°", 6);
+    grid("as many rows with overlap", 5, 4, 20, false, "");
+    grid("too many columns", 1, 5, 0, false, "5 columns would take 369°");
+    grid("as many columns upright", 1, 5, 0, false, "", 6);
+    grid("a closed turn of as many", 1, 5, 0, true, "");
+    grid("gaps in a turn", 2, 4, 0, true, "4 columns see 295° together");
+    grid("nothing but overlap", 2, 3, 100, false, "With an overlap of 100 % all");
+    grid("the rows of a turn too", 2, 6, 100, true, "With an overlap of 100 % all");
+    grid("but one row is a turn", 1, 6, 100, true, "");
+    grid("no grid", 3, 3, NAN, false, "");
 }
 
 void tst_ImportWords::doubts()
 {
     QFETCH(ProjectRecord, record);
     QFETCH(QString, says);
-    const QStringList told = doubtsAbout(record);
+    QFETCH(PictureTable, pictures);
+    const QStringList told = doubtsAbout(record, pictures);
     const QStringList expected = says.split(QLatin1Char('|'), Qt::SkipEmptyParts);
     QVERIFY2(told.size() == expected.size(), qPrintable(told.join(QLatin1Char('|'))));
     for (int i = 0; i < told.size(); ++i)

@@ -1,15 +1,44 @@
 // SPDX-FileCopyrightText: 2026 The ZPanoHead authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "align/GridShape.h"
 #include "apps/panohost/heads/Heads.h"
 #include "gigapan/GigapanToSPP.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
 constexpr int kMost = 100'000;
 constexpr double kDefaultOverlap = 40;
+
+QString sentenceOf(const GridDoubt &doubt, const GridShape &grid)
+{
+    const QString degrees = QString::number(doubt.degrees, 'f', 0);
+    switch (doubt.kind) {
+    case GridDoubt::Kind::OnePlace:
+        return QStringLiteral("with an overlap of %1 percent all pictures lie in one place; "
+                              "--overlap PERCENT gives another")
+            .arg(grid.overlap);
+    case GridDoubt::Kind::BeyondPoles:
+        return QStringLiteral("%1 rows lie %2 degrees apart from the lowest to the highest, more "
+                              "than the 180 there are; --rows, --overlap or --focal is not right")
+            .arg(grid.rows)
+            .arg(degrees);
+    case GridDoubt::Kind::BeyondTurn:
+        return QStringLiteral("%1 columns take %2 degrees, more than a full turn; --full-turn is "
+                              "missing, or --rows, --overlap or --focal is not right")
+            .arg(grid.columns)
+            .arg(degrees);
+    case GridDoubt::Kind::Gaps:
+        return QStringLiteral("%1 columns see %2 degrees and cannot close a full turn; "
+                              "--full-turn, --rows or --focal is not right")
+            .arg(grid.columns)
+            .arg(degrees);
+    }
+    return {};
+}
 
 class GigapanHead final : public Head {
 public:
@@ -47,17 +76,28 @@ public:
         return sentences;
     }
 
-    QStringList remarks(const PictureList &pictures, const ImportOptions & /*options*/) override
+    QStringList remarks(const PictureList &pictures, const ImportOptions &options) override
     {
         const GigapanLayout &layout = m_converter.Layout();
+        QStringList sentences;
         const int left = pictures.paths.size() - usedEnd();
-        if (left == 0)
-            return {};
-        return {QStringLiteral("%1: from this picture on, %2 are left over by %3 rows of %4")
+        if (left > 0)
+            sentences.append(
+                QStringLiteral("%1: from this picture on, %2 are left over by %3 rows of %4")
                     .arg(pictures.paths.at(usedEnd()))
                     .arg(left)
                     .arg(layout.rows)
-                    .arg(layout.columns)};
+                    .arg(layout.columns));
+        const PictureFacts &first = pictures.facts.at(layout.ignore);
+        ProjectRecord record;
+        takeFocal(pictures, options, &record);
+        if (const auto lens = opticsOf(record, first)) {
+            const GridShape grid{layout.rows, layout.columns, m_overlap, m_fullTurn};
+            for (const GridDoubt &doubt :
+                doubtsAbout(grid, *lens, std::abs(first.uprightTurn()) == 90))
+                sentences.append(sentenceOf(doubt, grid));
+        }
+        return sentences;
     }
 
     ProjectRecord convert(const PictureList &pictures, const ImportOptions &options) override

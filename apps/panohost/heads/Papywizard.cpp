@@ -5,6 +5,8 @@
 
 #include "apps/panohost/heads/Heads.h"
 
+#include <algorithm>
+
 namespace {
 
 PictureLens lensOf(const PictureList &pictures)
@@ -84,6 +86,15 @@ QStringList ShootingFileHead::remarks(const PictureList &pictures, const ImportO
     const PictureLens ofPictures = lensOf(pictures);
     const PictureLens chosen = chosenLens(shooting, pictures, options);
     QStringList sentences;
+    const auto silent = std::count_if(pictures.facts.begin(), pictures.facts.end(),
+        [](const PictureFacts &facts) { return !(facts.focal > 0); });
+    if (!options.focal && ofPictures.focal > 0 && silent > 0)
+        sentences.append(
+            QStringLiteral("%1 of %2 pictures tell no focal length, and count as 0 mm in the mean "
+                           "of %3 mm that is taken; --focal MM gives the right one")
+                .arg(silent)
+                .arg(pictures.facts.size())
+                .arg(chosen.focal));
     ShootingState state{shooting, static_cast<int>(shooting.shots.size()),
         static_cast<int>(pictures.paths.size()), ofPictures};
     if (shootingWarning(state) == ShootingWarning::LensDiffers) {

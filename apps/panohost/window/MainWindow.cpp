@@ -186,12 +186,15 @@ void MainWindow::closeImport()
 
 bool MainWindow::isMeant(const ProjectRecord &record)
 {
-    const QStringList doubts = doubtsAbout(record);
+    const QStringList doubts = doubtsAbout(record, m_host.pictures());
     if (doubts.isEmpty())
         return true;
     QMessageBox box(QMessageBox::Warning, tr("Is this right?"), doubts.join(QLatin1Char('\n')),
         QMessageBox::NoButton, this);
-    box.setInformativeText(tr("Check the focal length and the lens before you go on."));
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(record.yaws.isEmpty()
+            ? tr("Check the rows, the overlap and the focal length before you go on.")
+            : tr("Check the focal length and the lens before you go on."));
     QPushButton *back = box.addButton(tr("&Change the settings"), QMessageBox::RejectRole);
     QPushButton *goOn = box.addButton(tr("Import &all the same"), QMessageBox::AcceptRole);
     box.setDefaultButton(back);
@@ -211,7 +214,10 @@ QString MainWindow::askPlace(const QString &suggested)
 
 void MainWindow::complain(const QString &problem)
 {
-    QMessageBox::warning(this, QCoreApplication::applicationName(), problem);
+    QMessageBox box(
+        QMessageBox::Warning, QCoreApplication::applicationName(), problem, QMessageBox::Ok, this);
+    box.setTextFormat(Qt::PlainText); // Names of files may look like tags.
+    box.exec();
 }
 
 bool MainWindow::finishImport(const ProjectRecord &record, const HeadFile &file)

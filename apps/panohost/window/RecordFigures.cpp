@@ -4,6 +4,7 @@
 #include "apps/panohost/window/RecordFigures.h"
 
 #include "align/Canvas.h"
+#include "align/GridShape.h"
 #include "align/Placement.h"
 #include "apps/panohost/map/RecordMap.h"
 #include "geometry/Angle.h"
@@ -201,6 +202,51 @@ bool isEverythingLinked(const ProjectRecord &record)
     return pairs.size() >= all;
 }
 
+/// Pictures that tell no focal length make the mean of all too short.
+void addMeanDoubt(QStringList &doubts, const ProjectRecord &record, const PictureTable &pictures)
+{
+    const QVector<PictureLens> lenses = lensesOf(record, pictures);
+    const auto silent = std::count_if(
+        lenses.cbegin(), lenses.cend(), [](const PictureLens &lens) { return !(lens.focal > 0); });
+    const double mean = lensOfPictures(lenses).focal;
+    if (silent > 0 && mean > 0 && isNear(double(record.focal), mean))
+        doubts += FigureTexts::tr("%1 of %2 pictures do not tell their focal length, so %3, the "
+                                  "mean of all, is too short.")
+                      .arg(number(silent), number(lenses.size()), millimetres(mean));
+}
+
+void addGridDoubts(QStringList &doubts, const ProjectRecord &record, const PictureTable &pictures)
+{
+    const auto grid = gridShapeOf(record);
+    const PictureFacts first = pictures.value(record.groups.value(0).value(0));
+    const auto lens = opticsOf(record, first);
+    if (!record.yaws.isEmpty() || !grid || !lens)
+        return;
+    for (const GridDoubt &doubt : doubtsAbout(*grid, *lens, std::abs(first.uprightTurn()) == 90)) {
+        const QString degrees = number(qRound64(doubt.degrees)) + QChar(0x00B0);
+        switch (doubt.kind) {
+        case GridDoubt::Kind::OnePlace:
+            doubts += FigureTexts::tr("With an overlap of %1 % all pictures lie in one place.")
+                          .arg(QLocale().toString(grid->overlap));
+            break;
+        case GridDoubt::Kind::BeyondPoles:
+            doubts += FigureTexts::tr("From the lowest to the highest of %1 rows it would be %2, "
+                                      "but straight down to straight up is only 180°.")
+                          .arg(number(grid->rows), degrees);
+            break;
+        case GridDoubt::Kind::BeyondTurn:
+            doubts += FigureTexts::tr("%1 columns would take %2, which is more than a full turn.")
+                          .arg(number(grid->columns), degrees);
+            break;
+        case GridDoubt::Kind::Gaps:
+            doubts += FigureTexts::tr("The pictures of %1 columns see %2 together, too little to "
+                                      "close a full turn.")
+                          .arg(number(grid->columns), degrees);
+            break;
+        }
+    }
+}
+
 } // namespace
 
 QVector<RecordFigure> figuresOf(
@@ -218,7 +264,7 @@ QVector<RecordFigure> figuresOf(
     return figures;
 }
 
-QStringList doubtsAbout(const ProjectRecord &record)
+QStringList doubtsAbout(const ProjectRecord &record, const PictureTable &pictures)
 {
     QStringList doubts;
     const bool isFisheye = record.lensType == 1;
@@ -232,5 +278,7 @@ QStringList doubtsAbout(const ProjectRecord &record)
     if (isEverythingLinked(record))
         doubts += FigureTexts::tr("Every location is linked with every other: the focal length "
                                   "seems to be too short for this shooting.");
+    addMeanDoubt(doubts, record, pictures);
+    addGridDoubts(doubts, record, pictures);
     return doubts;
 }

@@ -17,5 +17,5 @@ struct RecordFigure {
 QVector<RecordFigure> figuresOf(
     const ProjectRecord &record, const PictureTable &pictures, const HeadFile &file);
 
-/// What can hardly be right with a record, a sentence each.
-QStringList doubtsAbout(const ProjectRecord &record);
+/// What can hardly be right with a record of \a pictures, a sentence each.
+QStringList doubtsAbout(const ProjectRecord &record, const PictureTable &pictures);
