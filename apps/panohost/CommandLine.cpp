@@ -58,6 +58,22 @@ QHash<QString, QString> answers()
     };
 }
 
+ExitCode run(const QString &command, const QStringList &arguments)
+{
+    if (const Command run = commands().value(command))
+        return run(arguments);
+    const QString answer = answers().value(command);
+    if (answer.isEmpty() || !arguments.isEmpty()) {
+        console::complain(answer.isEmpty()
+                ? QStringLiteral("there is no command \"%1\"").arg(command)
+                : QStringLiteral("%1 takes nothing behind it").arg(command));
+        console::complain(QStringLiteral("panohost --help tells how it is used"));
+        return ExitCode::WrongUsage;
+    }
+    console::print(answer);
+    return ExitCode::Done;
+}
+
 } // namespace
 
 bool isCommand(const QString &word)
@@ -68,18 +84,9 @@ bool isCommand(const QString &word)
 
 ExitCode runCommandLine(const QStringList &arguments)
 {
-    const QString &command = arguments.first();
-    const QStringList rest = arguments.mid(1);
-    if (const Command run = commands().value(command))
-        return run(rest);
-    const QString answer = answers().value(command);
-    if (answer.isEmpty() || !rest.isEmpty()) {
-        console::complain(answer.isEmpty()
-                ? QStringLiteral("there is no command \"%1\"").arg(command)
-                : QStringLiteral("%1 takes nothing behind it").arg(command));
-        console::complain(QStringLiteral("panohost --help tells how it is used"));
-        return ExitCode::WrongUsage;
-    }
-    console::print(answer);
-    return ExitCode::Done;
+    const ExitCode code = run(arguments.first(), arguments.mid(1));
+    if (code != ExitCode::Done || console::isPrinted())
+        return code;
+    console::complain(QStringLiteral("standard output cannot be written"));
+    return ExitCode::Failed;
 }

@@ -3,6 +3,8 @@
 
 #include "apps/panohost/Console.h"
 
+#include <QStringList>
+#include <algorithm>
 #include <cstdio>
 #include <unistd.h>
 
@@ -15,6 +17,22 @@ void write(FILE *stream, const QString &text)
 {
     std::fputs(text.toLocal8Bit().constData(), stream);
     std::fflush(stream);
+}
+
+/// \a text with control characters spelt out: what stands in a file or is its name may not steer
+/// the terminal, nor look like another line.
+QString harmless(const QString &text)
+{
+    QString result;
+    result.reserve(text.size());
+    for (const QChar character : text) {
+        if (character.category() == QChar::Other_Control)
+            result
+                += QStringLiteral("\\x%1").arg(uint(character.unicode()), 2, 16, QLatin1Char('0'));
+        else
+            result += character;
+    }
+    return result;
 }
 
 QString sentence(const Finding &finding)
@@ -33,7 +51,7 @@ QString sentence(const Finding &finding)
         return QStringLiteral("%1: the format cuts the decimals off; --full-angles takes them")
             .arg(finding.value);
     case Finding::Cause::NotADate:
-        return QStringLiteral("%1 is not a date that can be read").arg(finding.value);
+        break;
     case Finding::Cause::NoShots:
         return QStringLiteral("holds no shots");
     }
@@ -42,14 +60,32 @@ QString sentence(const Finding &finding)
 
 } // namespace
 
+void console::muteDecoders()
+{
+    static QtMessageHandler before = nullptr;
+    before = qInstallMessageHandler(
+        [](QtMsgType type, const QMessageLogContext &context, const QString &message) {
+            const bool isDefault = !context.category || qstrcmp(context.category, "default") == 0;
+            if (type != QtWarningMsg || !isDefault)
+                before(type, context, message);
+        });
+}
+
 void console::print(const QString &text)
 {
-    write(stdout, text);
+    QStringList lines = text.split(QLatin1Char('\n'));
+    std::transform(lines.begin(), lines.end(), lines.begin(), harmless);
+    write(stdout, lines.join(QLatin1Char('\n')));
+}
+
+bool console::isPrinted()
+{
+    return std::ferror(stdout) == 0;
 }
 
 void console::complain(const QString &sentence)
 {
-    write(stderr, QStringLiteral("panohost: %1\n").arg(sentence));
+    write(stderr, QStringLiteral("panohost: %1\n").arg(harmless(sentence)));
 }
 
 bool console::isWatched()
@@ -64,6 +100,9 @@ void console::showPassing(const QString &sentence)
 
 void FindingReport::add(const Finding &finding)
 {
+    // Whole families of heads write times of their own form, and nothing comes of the times.
+    if (finding.cause == Finding::Cause::NotADate)
+        return;
     Kind &kind = m_kinds[finding.cause];
     if (kind.count++ == 0)
         kind.first = finding;

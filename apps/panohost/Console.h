@@ -19,7 +19,13 @@ enum class ExitCode {
 /// Where the command line speaks: results on standard output, everything else on standard error.
 namespace console {
 
+/// Keeps back what Qt's decoders write to standard error of pictures: they name no file, and what
+/// comes of it is told elsewhere. Warnings of a category still appear. To be called once.
+void muteDecoders();
+/// Like everything here, with control characters spelt out; but line breaks count.
 void print(const QString &text);
+/// Whether all that was printed could be written.
+bool isPrinted();
 /// A line that begins with the program's name.
 void complain(const QString &sentence);
 /// Whether someone watches the complaints.

@@ -24,8 +24,9 @@ const OptionText kCommonOptions[] = {
     {"no-clean-links", nullptr, "keep control points that do not fit"},
     {"skip-optimization", nullptr, "leave the pictures where the head put them"},
     {"force", nullptr, "write over files that exist (never over those that are read)"},
-    {"help", nullptr, "show this"},
 };
+
+const OptionText kHelp{"help", nullptr, "show this"};
 
 const OptionText kRecordIn{
     "record-in", "FILE.json", "start from the record of an earlier import, without HEAD"};
@@ -87,7 +88,7 @@ QString commonHelp(const HeadCommand &command)
         help += optionHelp(kRecordIn);
     for (const OptionText &option : kCommonOptions)
         help += optionHelp(option);
-    return help;
+    return help + optionHelp(kHelp);
 }
 
 QString helpOf(const HeadCommand &command, const HeadEntry &entry)
@@ -332,7 +333,7 @@ bool isClear(const QStringList &problems)
 ExitCode runHeadCommand(HeadCommand &command, const QStringList &arguments)
 {
     const QString name = arguments.value(0);
-    if (name == QLatin1String("--help")) {
+    if (name == QLatin1String("--help") || name == QLatin1String("-h")) {
         console::print(helpOf(command));
         return ExitCode::Done;
     }
@@ -351,10 +352,11 @@ ExitCode runHeadCommand(HeadCommand &command, const QStringList &arguments)
     addOptions(parser, command.options());
     addOptions(parser, kCommonOptions);
     addOptions(parser, entry->options);
+    addHelp(parser);
     const QString help = QStringLiteral("panohost %1 %2 --help").arg(command.name(), name);
     if (!parser.parse(arguments)) // Takes the first argument, the head, for the program's name.
         return wrongUsage(parser.errorText(), help);
-    if (parser.isSet(QStringLiteral("help"))) {
+    if (wantsHelp(parser)) {
         console::print(helpOf(command, *entry));
         return ExitCode::Done;
     }

@@ -48,7 +48,8 @@ ExitCode draw(const QString &input, const QString &output, MapFormat format, int
         = OutputGuard(inputs, true, OutputGuard::Writes::Pictures).objection(output);
     if (!objection.isEmpty())
         return failed(output, objection);
-    const QByteArray map = mapFile(*record, format, width);
+    QStringList damaged;
+    const QByteArray map = mapFile(*record, format, width, &damaged);
     if (map.isEmpty())
         return failed(output, QStringLiteral("there is not enough memory to draw the map"));
     problem = writeWhole({{output, map}});
@@ -56,6 +57,9 @@ ExitCode draw(const QString &input, const QString &output, MapFormat format, int
         console::complain(problem);
         return ExitCode::Failed;
     }
+    for (const QString &path : qAsConst(damaged))
+        console::complain(
+            QStringLiteral("%1: is no picture that can be read; the map leaves it out").arg(path));
     console::print(QStringLiteral("%1: %2 locations, %3 links\n")
                        .arg(output)
                        .arg(record->groups.size())
@@ -70,9 +74,9 @@ ExitCode runMap(const QStringList &arguments)
     QCommandLineParser parser;
     parser.addOption({QStringLiteral("output"), {}, QStringLiteral("FILE")});
     parser.addOption({QStringLiteral("width"), {}, QStringLiteral("PIXELS")});
-    parser.addOption(QCommandLineOption(QStringLiteral("help")));
+    addHelp(parser);
     const bool isParsed = parser.parse(QStringList(QStringLiteral("map")) + arguments);
-    if (isParsed && parser.isSet(QStringLiteral("help"))) {
+    if (isParsed && wantsHelp(parser)) {
         console::print(help());
         return ExitCode::Done;
     }

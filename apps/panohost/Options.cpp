@@ -5,6 +5,17 @@
 
 #include <cmath>
 
+void addHelp(QCommandLineParser &parser)
+{
+    const QStringList names{QStringLiteral("h"), QStringLiteral("help")};
+    parser.addOption(QCommandLineOption(names));
+}
+
+bool wantsHelp(const QCommandLineParser &parser)
+{
+    return parser.isSet(QStringLiteral("help"));
+}
+
 std::optional<int> OptionReader::choice(const char *name, const QStringList &words)
 {
     if (!isSet(name))

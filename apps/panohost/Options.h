@@ -18,6 +18,10 @@ struct OptionText {
     const char *description;
 };
 
+/// Adds --help and -h.
+void addHelp(QCommandLineParser &parser);
+bool wantsHelp(const QCommandLineParser &parser);
+
 /// Takes values from a parsed command line and keeps the first thing that is wrong with them.
 class OptionReader {
 public:

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "apps/panohost/CommandLine.h"
+#include "apps/panohost/Console.h"
 #include "apps/panohost/Module.h"
 #include "apps/panohost/window/HeadModule.h"
 #include "apps/panohost/window/HostApplication.h"
@@ -80,6 +81,7 @@ int main(int argc, char **argv)
 
     QCoreApplication::setOrganizationName(QStringLiteral("panohost"));
 
+    console::muteDecoders();
     if (wantsWindow(argc, argv))
         return showWindow(argc, argv);
     const std::unique_ptr<QCoreApplication> application = makeApplication(argc, argv);

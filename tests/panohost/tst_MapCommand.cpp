@@ -19,6 +19,7 @@ private slots:
     void runs_data();
     void runs();
     void drawsPicturesAtHand();
+    void namesDamagedPictures();
     void windowWantsDisplay();
 
 private:
@@ -163,6 +164,20 @@ void tst_MapCommand::drawsPicturesAtHand()
     QVERIFY(QFile::remove(m_folder->filePath(QStringLiteral("one.png"))));
     QCOMPARE(run(arguments), 0);
     QCOMPARE(greens(), 0);
+}
+
+void tst_MapCommand::namesDamagedPictures()
+{
+    write(QStringLiteral("one.png"), content(QStringLiteral("one.png")).left(60));
+    QCOMPARE(
+        run({QStringLiteral("record.json"), QStringLiteral("--output"), QStringLiteral("map.png")}),
+        0);
+    const QString damaged = QStringLiteral("panohost: %1: is no picture that can be read")
+                                .arg(m_folder->filePath(QStringLiteral("one.png")));
+    QVERIFY2(m_errors.count(damaged) == 1, qPrintable(m_errors));
+    // Pictures that are not at hand are no fault, and nothing else has a say.
+    QCOMPARE(m_errors.count(QLatin1String("panohost:")), 1);
+    QVERIFY2(!m_errors.contains(QLatin1String("QStandardPaths")), qPrintable(m_errors));
 }
 
 void tst_MapCommand::windowWantsDisplay()

@@ -7,6 +7,7 @@
 #include "apps/panohost/map/RecordMap.h"
 
 #include <QBuffer>
+#include <QFileInfo>
 #include <QFontMetricsF>
 #include <QImage>
 #include <QPainter>
@@ -61,13 +62,13 @@ void paintSheet(
 
 } // namespace
 
-QByteArray mapFile(const ProjectRecord &record, MapFormat format, int width)
+QByteArray mapFile(const ProjectRecord &record, MapFormat format, int width, QStringList *damaged)
 {
-    const auto thumbnail = [&record](int location, int side) {
-        const QStringList &stack = record.groups[location];
-        const QImage picture = stack.isEmpty()
-            ? QImage()
-            : uprightThumbnail(readPictureFacts(stack.first(), Thumbnail::Make));
+    const auto thumbnail = [&record, damaged](int location, int side) {
+        const QString path = record.groups[location].value(0);
+        const QImage picture = uprightThumbnail(readPictureFacts(path, Thumbnail::Make));
+        if (damaged && picture.isNull() && QFileInfo(path).isFile() && !damaged->contains(path))
+            damaged->append(path);
         return picture.width() <= side && picture.height() <= side
             ? picture
             : picture.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);

@@ -49,6 +49,7 @@ ImportBar::ImportBar(QWidget *parent)
     setFrameShape(QFrame::StyledPanel);
     m_text->setObjectName(QStringLiteral("advice"));
     m_text->setWordWrap(true);
+    m_text->setTextFormat(Qt::PlainText); // Names of files may look like tags.
     m_text->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_progress->setObjectName(QStringLiteral("progress"));
     m_progress->setTextVisible(true);

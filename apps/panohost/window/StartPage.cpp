@@ -92,6 +92,7 @@ StartPage::StartPage(QWidget *parent)
     , m_hint(makeLabel(tr("Or drop the head's file and the pictures anywhere on this window."), 1))
 {
     m_noticeText->setWordWrap(true);
+    m_noticeText->setTextFormat(Qt::PlainText); // Names of files may look like tags.
     auto *forget = new QPushButton(tr("&Forget these files"));
     forget->setObjectName(QStringLiteral("forget"));
     connect(forget, &QPushButton::clicked, this, &StartPage::filesForgotten);

@@ -29,6 +29,9 @@ SummaryPage::SummaryPage(QWidget *parent)
     font.setPointSizeF(font.pointSizeF() * 1.6);
     m_title->setFont(font);
     m_title->setWordWrap(true);
+    // Names of files may look like tags.
+    m_title->setTextFormat(Qt::PlainText);
+    m_path->setTextFormat(Qt::PlainText);
     m_path->setWordWrap(true);
     m_path->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     m_map->setObjectName(QStringLiteral("map"));
