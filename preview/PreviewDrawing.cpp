@@ -123,21 +123,15 @@ void PreviewDrawing::paintCaption(QPainter &painter, const QRect &rect, const QS
 {
     if (caption.isEmpty() || rect.width() < kSmallestCaptionedCell * m_canvas.density)
         return;
-    const int pixels = qRound(std::max(kCaptionPixels * rect.height() / kCell, //
-        kSmallestCaptionPixels * m_canvas.density));
-    // Making a font ready takes longer than writing the caption.
-    if (m_font.pixelSize() != pixels)
-        m_font.setPixelSize(pixels);
-    painter.setFont(m_font);
-    const QFontMetrics metrics(m_font);
-    const QRect strip(
-        rect.left() + 1, rect.bottom() - metrics.height(), rect.width() - 2, metrics.height());
+    m_captions.setPixelSize(qRound(std::max(kCaptionPixels * rect.height() / kCell, //
+        kSmallestCaptionPixels * m_canvas.density)));
+    const int height = m_captions.height();
+    const QRect strip(rect.left() + 1, rect.bottom() - height, rect.width() - 2, height);
     QColor veil = m_palette.color(QPalette::Window);
     veil.setAlpha(190);
     painter.fillRect(strip, veil);
     painter.setPen(m_palette.color(QPalette::WindowText));
-    painter.drawText(strip, Qt::AlignCenter | Qt::TextSingleLine,
-        metrics.elidedText(caption, Qt::ElideRight, strip.width()));
+    m_captions.write(painter, strip, caption);
 }
 
 void PreviewDrawing::paintPath(QPainter &painter, const QRegion &region) const

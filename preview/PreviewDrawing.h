@@ -3,9 +3,9 @@
 
 #pragma once
 
+#include "preview/CaptionWriter.h"
 #include "preview/PreviewScene.h"
 
-#include <QFont>
 #include <QPalette>
 #include <QPixmap>
 #include <QRegion>
@@ -62,7 +62,7 @@ private:
     double m_xFactor = 1;
     double m_yFactor = 1;
     QVector<QRect> m_places;
-    QFont m_font;
+    CaptionWriter m_captions;
 };
 
 /// Draws \a scene over the whole of \a canvas.

@@ -12,7 +12,7 @@ namespace {
 // Pictures drawn in one go: after a change of the user's, who waits for it, and while the window
 // has to stay free for other things. A host may take half a millisecond for a thumbnail.
 constexpr int kAtOnce = 500;
-constexpr int kAtATime = 64;
+constexpr int kAtATime = 32;
 
 } // namespace
 

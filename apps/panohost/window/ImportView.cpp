@@ -23,6 +23,7 @@
 #include <QWizard>
 #include <QWizardPage>
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -149,12 +150,15 @@ void ImportView::takeFiles(const QStringList &paths)
     const DroppedFiles dropped = sortOut(paths);
     QStringList files = dropped.pictures;
     m_state.refused.clear();
+    m_readFile = {};
     for (const HeadFile &head : dropped.heads) {
         // A bad one is handed on as well: the page and the bar say what is wrong with it.
-        if (head.format == m_import.format())
+        if (head.format == m_import.format()) {
             files.append(head.path);
-        else
+            m_readFile = head;
+        } else {
             m_state.refused = head.name();
+        }
     }
     hand(files);
 }
@@ -238,7 +242,10 @@ void ImportView::updateState()
     const QString path = m_page->property("configFile").toString();
     if (path != m_state.file.path || m_fileIsOld) {
         m_fileIsOld = false;
-        m_state.file = path.isEmpty() ? HeadFile() : readHeadFile(path, m_import.format());
+        if (path == m_readFile.path)
+            m_state.file = std::exchange(m_readFile, {});
+        else
+            m_state.file = readHeadFile(path, m_import.format());
         offerFullAngles();
     }
     m_state.pictures = m_pictures.size();

@@ -81,6 +81,8 @@ private:
     /// The page has read its file anew.
     bool m_fileIsOld = false;
     bool m_isHanding = false;
+    /// What was read of the file that the page is being handed.
+    HeadFile m_readFile;
 
     /// The record that the page handed over last, without what it had handed over before.
     ProjectRecord m_record;
