@@ -3,92 +3,17 @@
 
 #include "align/Canvas.h"
 
+#include "align/View.h"
 #include "geometry/Angle.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace {
 
-/// To the right, up, forward.
-using Direction = std::array<double, 3>;
-
 constexpr double kDegree = geometry::kPi / 180;
 /// Pixels; some ten times the largest panorama ever published.
 constexpr double kWidestCanvas = 10'000'000;
-
-/// A picture's view: from its pixels to directions, by Ry(yaw) Rx(pitch) Rz(roll).
-class View {
-public:
-    View(const Placement &place, const PictureOptics &lens)
-        : m_lens(lens)
-        , m_focal(lens.pixelFocal())
-        , m_yaw(turn(place.yaw))
-        , m_pitch(turn(place.pitch))
-        , m_roll(turn(place.roll))
-    {
-    }
-
-    /// The direction of the pixel \a x to the right of and \a y below the centre.
-    Direction at(double x, double y) const
-    {
-        const double radius = std::hypot(x, y);
-        // Of the ray: how far it leads off the axis, and how far along it.
-        double off = radius / m_focal;
-        double along = 1;
-        if (m_lens.fisheye) {
-            along = std::cos(off);
-            off = std::sin(off);
-        }
-        const double length = std::hypot(off, along);
-        const double scale = radius > 0 ? off / radius / length : 0;
-        Direction d{x * scale, -y * scale, along / length};
-        rotate(d[0], d[1], m_roll);
-        rotate(d[1], d[2], m_pitch);
-        rotate(d[0], d[2], m_yaw);
-        return d;
-    }
-
-    /// Whether the direction straight up (\a sign 1) or down (-1) lies in the picture.
-    bool seesPole(int sign) const
-    {
-        Direction d{0, double(sign), 0};
-        rotate(d[1], d[2], m_pitch.inverse());
-        rotate(d[0], d[1], m_roll.inverse());
-        const double off = std::hypot(d[0], d[1]);
-        if (!m_lens.fisheye && d[2] <= 0)
-            return false;
-        const double radius = m_focal * (m_lens.fisheye ? std::atan2(off, d[2]) : off / d[2]);
-        const double scale = off > 0 ? radius / off : 0;
-        return std::abs(d[0] * scale) * 2 <= m_lens.size.width()
-            && std::abs(d[1] * scale) * 2 <= m_lens.size.height();
-    }
-
-private:
-    struct Turn {
-        double cosine;
-        double sine;
-        Turn inverse() const { return {cosine, -sine}; }
-    };
-    static Turn turn(double degrees)
-    {
-        return {std::cos(degrees * kDegree), std::sin(degrees * kDegree)};
-    }
-    /// Turns the axis \a b towards \a a.
-    static void rotate(double &a, double &b, const Turn &turn)
-    {
-        const double oldA = a;
-        a = oldA * turn.cosine + b * turn.sine;
-        b = b * turn.cosine - oldA * turn.sine;
-    }
-
-    PictureOptics m_lens;
-    double m_focal;
-    Turn m_yaw;
-    Turn m_pitch;
-    Turn m_roll;
-};
 
 double yawOf(const Direction &d)
 {
@@ -108,7 +33,7 @@ void Coverage::add(const Placement &place, const PictureOptics &lens)
     const View view(place, lens);
     const double centre = yawOf(view.at(0, 0));
     for (const int sign : {1, -1}) {
-        if (!view.seesPole(sign))
+        if (!view.sees({0, double(sign), 0}))
             continue;
         m_left = -180;
         m_right = 180;

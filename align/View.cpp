@@ -1,0 +1,94 @@
+// SPDX-FileCopyrightText: 2026 The ZPanoHead authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "align/View.h"
+
+#include "geometry/Angle.h"
+
+#include <algorithm>
+#include <cmath>
+
+Direction directionOf(double yaw, double pitch)
+{
+    return {std::sin(yaw) * std::cos(pitch), std::sin(pitch), std::cos(yaw) * std::cos(pitch)};
+}
+
+View::View(const Placement &place, const PictureOptics &lens, const RadialDistortion &distortion)
+    : m_lens(lens)
+    , m_distortion(distortion)
+    , m_focal(lens.pixelFocal())
+    , m_yaw(turn(place.yaw))
+    , m_pitch(turn(place.pitch))
+    , m_roll(turn(place.roll))
+{
+}
+
+View::Turn View::turn(double degrees)
+{
+    const double angle = degrees * geometry::kPi / 180;
+    return {std::cos(angle), std::sin(angle)};
+}
+
+/// Turns the axis \a b towards \a a.
+void View::rotate(double &a, double &b, const Turn &turn)
+{
+    const double oldA = a;
+    a = oldA * turn.cosine + b * turn.sine;
+    b = b * turn.cosine - oldA * turn.sine;
+}
+
+double View::stretch(double ideal) const
+{
+    const auto &[a, b, c] = m_distortion;
+    const double r = ideal / (std::min(m_lens.size.width(), m_lens.size.height()) / 2.0);
+    return ((a * r + b) * r + c) * r + 1 - a - b - c;
+}
+
+Direction View::at(double x, double y) const
+{
+    const double seen = std::hypot(x, y);
+    double radius = seen;
+    // Distortion is small: its inverse settles within a few rounds.
+    for (int round = 0; round < 4; ++round) {
+        const double factor = stretch(radius);
+        radius = factor > 0.1 ? seen / factor : seen;
+    }
+    // Of the ray: how far it leads off the axis, and how far along it.
+    double off = radius / m_focal;
+    double along = 1;
+    if (m_lens.fisheye) {
+        along = std::cos(off);
+        off = std::sin(off);
+    }
+    const double length = std::hypot(off, along);
+    const double scale = seen > 0 ? off / seen / length : 0;
+    Direction d{x * scale, -y * scale, along / length};
+    rotate(d[0], d[1], m_roll);
+    rotate(d[1], d[2], m_pitch);
+    rotate(d[0], d[2], m_yaw);
+    return d;
+}
+
+std::optional<QPointF> View::find(const Direction &direction) const
+{
+    Direction d = direction;
+    rotate(d[0], d[2], m_yaw.inverse());
+    rotate(d[1], d[2], m_pitch.inverse());
+    rotate(d[0], d[1], m_roll.inverse());
+    const double off = std::hypot(d[0], d[1]);
+    if (!m_lens.fisheye && d[2] <= 0)
+        return std::nullopt;
+    const double ideal = m_focal * (m_lens.fisheye ? std::atan2(off, d[2]) : off / d[2]);
+    const double scale = off > 0 ? ideal * stretch(ideal) / off : 0;
+    const QPointF seen(d[0] * scale, -d[1] * scale);
+    if (std::abs(seen.x()) * 2 > m_lens.size.width()
+        || std::abs(seen.y()) * 2 > m_lens.size.height())
+        return std::nullopt;
+    return seen;
+}
+
+double View::radius() const
+{
+    const double corner = std::hypot(m_lens.size.width(), m_lens.size.height()) / 2;
+    return m_lens.fisheye ? std::min(corner / m_focal, geometry::kPi) : std::atan(corner / m_focal);
+}
