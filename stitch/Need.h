@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The ZPanoHead authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "stitch/Frame.h"
+
+/// What the finished picture is made as.
+enum class Rendering {
+    /// One picture a location.
+    Plain,
+    /// Stacks fused.
+    Fused,
+    /// Stacks merged to radiance.
+    Radiance,
+};
+
+/// Bytes, reckoned before the work: at most so much, as a rule less.
+struct Need {
+    qint64 memory = 0;
+    qint64 disk = 0;
+};
+
+/// Where on the canvas a picture comes to lie. Empty when it lies outside the crop.
+QRect layerRect(const Frame &frame, const View &view, const QSize &picture);
+
+/// \a layers are the layerRect()s of the pictures; \a jobs of them are worked on at a time.
+Need needOf(const PtoProject &project, const Frame &frame, const QVector<QRect> &layers,
+    Rendering rendering, bool deep, int jobs);
+
+/// Memory that could be had now, in bytes; 0 where the system does not tell.
+qint64 availableMemory();
+
+/// Why \a need is too much, with figures; empty when it is not. \a memoryLimit 0: what is
+/// available. \a kept bytes of the need lie in \a folder already.
+QString excess(const Need &need, qint64 memoryLimit, const QString &folder, qint64 kept);

@@ -1,0 +1,533 @@
+// SPDX-FileCopyrightText: 2026 The ZPanoHead authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "stitch/Stitching.h"
+
+#include "stitch/Photometry.h"
+#include "stitch/Script.h"
+#include "stitch/Tags.h"
+#include "stitch/ToolRunner.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QSaveFile>
+#include <QThread>
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr int kPreviewWidth = 1500;
+/// What JPEG can hold.
+constexpr int kLongestJpegSide = 65'000;
+const QString kJpegQuality = QStringLiteral("92");
+/// Work per pixel, remapping being 1.
+constexpr double kFusingWork = 2;
+constexpr double kBlendingWork = 2.5;
+/// Parts of the whole that progress tells of.
+constexpr int kParts = 1000;
+
+enum class Format { Jpeg, Tiff, Exr, Unknown };
+
+Format formatOf(const QString &output)
+{
+    const QString suffix = QFileInfo(output).suffix().toLower();
+    if (suffix == QLatin1String("jpg") || suffix == QLatin1String("jpeg"))
+        return Format::Jpeg;
+    if (suffix == QLatin1String("tif") || suffix == QLatin1String("tiff"))
+        return Format::Tiff;
+    return suffix == QLatin1String("exr") ? Format::Exr : Format::Unknown;
+}
+
+const char *suffixOf(Format format)
+{
+    return format == Format::Jpeg ? ".jpg" : format == Format::Tiff ? ".tif" : ".exr";
+}
+
+int jobsOf(const StitchWishes &wishes)
+{
+    return wishes.jobs > 0 ? wishes.jobs : std::max(1, QThread::idealThreadCount());
+}
+
+QVector<QRect> layersOf(const PtoProject &project, const Frame &frame)
+{
+    const QVector<View> views = viewsOf(project);
+    QVector<QRect> layers;
+    for (int i = 0; i < views.size(); ++i)
+        layers.append(layerRect(frame, views.at(i), project.pictures.at(i).lens.size));
+    return layers;
+}
+
+double areaOf(const QRect &rect)
+{
+    return double(rect.width()) * rect.height();
+}
+
+/// The places of the pictures that stand for their locations: those of middle exposure.
+QVector<int> representatives(const PtoProject &project)
+{
+    QMap<int, QVector<int>> stacks;
+    for (int i = 0; i < project.pictures.size(); ++i)
+        stacks[project.pictures.at(i).location].append(i);
+    QVector<int> result;
+    for (QVector<int> stack : qAsConst(stacks)) {
+        std::stable_sort(stack.begin(), stack.end(), [&project](int a, int b) {
+            return project.pictures.at(a).exposureValue > project.pictures.at(b).exposureValue;
+        });
+        result.append(stack.at((stack.size() - 1) / 2));
+    }
+    return result;
+}
+
+/// One stitch().
+class Work {
+public:
+    Work(const PtoProject &project, const StitchWishes &wishes, WorkFolder &folder,
+        const Progress &progress)
+        : m_project(project)
+        , m_wishes(wishes)
+        , m_folder(folder)
+        , m_progress(progress)
+        , m_rendering(renderingOf(project))
+        , m_format(formatOf(wishes.output))
+        , m_jobs(jobsOf(wishes))
+    {
+    }
+
+    Stitched go(const QVector<PictureLight> &light)
+    {
+        m_light = light.size() == m_project.pictures.size() ? light : plainLight(m_project);
+        const auto frame = frameOf(m_project, m_wishes.frame, &m_result.problem);
+        if (!frame)
+            return m_result;
+        m_frame = m_wishes.preview ? frame->scaledTo(std::min(kPreviewWidth, frame->crop.width()))
+                                   : *frame;
+        m_result.frame = m_frame;
+        m_layers = layersOf(m_project, m_frame);
+        reckon();
+        const bool well = m_wishes.preview ? preview()
+                                           : (!m_wishes.photometric || evenOut()) && remap()
+                && mergeStacks() && blend() && finish();
+        m_result.done = well;
+        return m_result;
+    }
+
+private:
+    /// How much there is to do, in remapped pixels.
+    void reckon()
+    {
+        double layers = 0;
+        for (const QRect &layer : qAsConst(m_layers))
+            layers += areaOf(layer);
+        m_share[0] = m_wishes.photometric ? 0.3 * layers : 0;
+        m_share[1] = layers;
+        m_share[2] = m_rendering == Rendering::Plain ? 0 : kFusingWork * layers;
+        m_share[3] = kBlendingWork * areaOf(m_frame.crop);
+        m_whole = m_share[0] + m_share[1] + m_share[2] + m_share[3];
+    }
+
+    /// Tells that \a part of the step is done; false when the user has had enough.
+    bool tell(double part) const
+    {
+        if (!m_progress)
+            return true;
+        double done = m_share[m_step] * part;
+        for (int i = 0; i < m_step; ++i)
+            done += m_share[i];
+        static const QString names[]
+            = {QStringLiteral("Evening out brightness"), QStringLiteral("Remapping"),
+                QStringLiteral("Merging exposures"), QStringLiteral("Blending")};
+        return m_progress(names[m_step], int(done / m_whole * kParts), kParts);
+    }
+
+    /// Runs \a calls; \a done finishes what a call has made, false when it cannot.
+    bool run(const QVector<ToolCall> &calls, const std::function<bool(int)> &done,
+        const std::function<void(const QByteArray &)> &line = {})
+    {
+        ToolRunner::Settings settings;
+        settings.log = m_folder.file(QStringLiteral("log.txt"));
+        settings.temporaryFolder = m_folder.path();
+        settings.jobs = std::min(m_jobs, std::max(1, int(calls.size())));
+        int ended = 0;
+        ToolRunner::Listener listener;
+        m_part = 0;
+        listener.keepOn = [this] { return tell(m_part); };
+        listener.line = [&line](int, const QByteArray &text) {
+            if (line)
+                line(text);
+        };
+        listener.done = [&](int call) {
+            if (!done(call))
+                return QStringLiteral("%1: cannot be written to").arg(m_folder.path());
+            m_part = double(++ended) / calls.size();
+            return QString();
+        };
+        const ToolOutcome outcome = ToolRunner(settings).run(calls, listener);
+        m_result.problem = outcome.problem;
+        return outcome.end == ToolOutcome::End::Done;
+    }
+
+    bool write(const QString &path, const QByteArray &content)
+    {
+        QFile file(path);
+        if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size()
+            && file.flush())
+            return true;
+        m_result.problem
+            = QStringLiteral("%1: cannot be written: %2").arg(path, file.errorString());
+        return false;
+    }
+
+    bool evenOut()
+    {
+        m_step = 0;
+        if (m_project.pictures.size() < 2)
+            return true;
+        // Stacks keep their exposures: fusing wants them, and radiance is reckoned from them.
+        const bool vignettingOnly = m_rendering != Rendering::Plain;
+        QByteArray recipe = photometricScript(m_project, m_light, vignettingOnly, 0);
+        for (const PtoProject::Picture &picture : m_project.pictures)
+            recipe += identityOf(picture.path);
+        const QString finished = m_folder.finished("light", recipe, ".pto");
+        if (!m_folder.has(finished)) {
+            const QString result = m_folder.unfinished(finished);
+            const QString input = result + QStringLiteral(".in.pto");
+            const PhotometryCall call
+                = photometryCall(m_project, m_light, vignettingOnly, input, result);
+            PhotometryJudge judge;
+            int loaded = 0;
+            const auto hear = [&](const QByteArray &line) {
+                judge.hear(line);
+                if (line.startsWith("loading"))
+                    m_part = std::min(1.0, double(++loaded) / m_project.pictures.size());
+            };
+            const auto done = [&](int) {
+                QFile file(result);
+                if (!file.open(QIODevice::ReadOnly))
+                    return false;
+                const QByteArray judged = photometricScript(m_project,
+                    judge.judge(file.readAll(), m_light, m_folder.path()), vignettingOnly, 0);
+                file.close();
+                return write(result, judged) && WorkFolder::finish(result, finished);
+            };
+            if (!write(input, call.script)
+                || !run({{QStringLiteral("vig_optimize"), call.arguments, result}}, done, hear))
+                return false;
+            QFile::remove(input);
+        }
+        QFile file(finished);
+        QString problem;
+        const auto read = file.open(QIODevice::ReadOnly)
+            ? readProject(file.readAll(), m_folder.path(), &problem)
+            : std::nullopt;
+        if (!read || read->light.size() != m_light.size()) {
+            m_result.problem = QStringLiteral("%1: cannot be read").arg(finished);
+            return false;
+        }
+        for (int i = 0; i < m_light.size(); ++i)
+            m_result.evenedOut
+                |= std::abs(read->light.at(i).exposureValue - m_light.at(i).exposureValue) > 1e-6
+                || read->light.at(i).vignetting != m_light.at(i).vignetting;
+        m_light = read->light;
+        return true;
+    }
+
+    bool remap()
+    {
+        m_step = 1;
+        const bool isRadiance = m_rendering == Rendering::Radiance;
+        QVector<ToolCall> calls;
+        QStringList scripts;
+        QStringList wanted;
+        for (int i = 0; i < m_project.pictures.size(); ++i) {
+            const PtoProject::Picture &picture = m_project.pictures.at(i);
+            m_remapped.append(QString());
+            if (m_layers.at(i).isEmpty())
+                continue;
+            const QByteArray script = remapScript(
+                m_frame, picture, m_light.at(i), m_project.outputExposure, isRadiance);
+            QStringList arguments{QStringLiteral("-v"), QStringLiteral("-r"),
+                isRadiance ? QStringLiteral("hdr") : QStringLiteral("ldr"), QStringLiteral("-m"),
+                isRadiance ? QStringLiteral("EXR_m") : QStringLiteral("TIFF_m"),
+                QStringLiteral("-z"), QStringLiteral("LZW")};
+            if (m_rendering == Rendering::Fused)
+                arguments.append(QStringLiteral("--ignore-exposure"));
+            const QString finished = m_folder.finished("layer",
+                arguments.join(QLatin1Char(' ')).toUtf8() + script + identityOf(picture.path),
+                isRadiance ? ".exr" : ".tif");
+            m_remapped.last() = finished;
+            if (m_folder.has(finished))
+                continue;
+            const QString prefix = m_folder.unfinished(finished);
+            const QString scriptFile = prefix + QStringLiteral(".pto");
+            if (!write(scriptFile, script))
+                return false;
+            arguments << QStringLiteral("-o") << prefix + QLatin1Char('-') << scriptFile;
+            calls.append({QStringLiteral("nona"), arguments,
+                prefix + QStringLiteral("-0000") + (isRadiance ? ".exr" : ".tif")});
+            scripts.append(scriptFile);
+            wanted.append(finished);
+        }
+        m_folder.prune();
+        return run(calls, [&](int call) {
+            QFile::remove(scripts.at(call));
+            const QString made = calls.at(call).result;
+            if (isRadiance) {
+                // The tool that merges looks for these beside the picture, by its name.
+                if (!WorkFolder::finish(grayOf(made), grayOf(wanted.at(call))))
+                    return false;
+            }
+            return WorkFolder::finish(made, wanted.at(call));
+        });
+    }
+
+    static QString grayOf(const QString &exr)
+    {
+        return exr.left(exr.size() - 4) + QStringLiteral("_gray.pgm");
+    }
+
+    /// Leaves what is to be blended in m_remapped.
+    bool mergeStacks()
+    {
+        m_step = 2;
+        if (m_rendering == Rendering::Plain)
+            return true;
+        QMap<int, QStringList> stacks;
+        for (int i = 0; i < m_remapped.size(); ++i) {
+            if (!m_remapped.at(i).isEmpty())
+                stacks[m_project.pictures.at(i).location].append(m_remapped.at(i));
+        }
+        const bool isRadiance = m_rendering == Rendering::Radiance;
+        QVector<ToolCall> calls;
+        QStringList wanted;
+        QStringList merged;
+        for (const QStringList &stack : qAsConst(stacks)) {
+            if (stack.size() == 1 && !isRadiance) {
+                merged.append(stack);
+                continue;
+            }
+            QStringList arguments{QStringLiteral("-v")};
+            if (!isRadiance) {
+                arguments << QStringLiteral("--compression=lzw")
+                          << QStringLiteral("--depth=%1").arg(m_format == Format::Tiff ? 16 : 8);
+                if (m_frame.isFullTurn())
+                    arguments << QStringLiteral("-w");
+            }
+            const QString finished = m_folder.finished("stack",
+                arguments.join(QLatin1Char(' ')).toUtf8() + stack.join(QLatin1Char('\n')).toUtf8(),
+                isRadiance ? ".exr" : ".tif");
+            merged.append(finished);
+            if (m_folder.has(finished))
+                continue;
+            const QString result = m_folder.unfinished(finished);
+            calls.append({isRadiance ? QStringLiteral("hugin_hdrmerge") : QStringLiteral("enfuse"),
+                arguments << QStringLiteral("-o") << result << QStringLiteral("--") << stack,
+                result});
+            wanted.append(finished);
+        }
+        m_remapped = merged;
+        return run(calls,
+            [&](int call) { return WorkFolder::finish(calls.at(call).result, wanted.at(call)); });
+    }
+
+    bool blend()
+    {
+        m_step = 3;
+        QStringList layers = m_remapped;
+        layers.removeAll(QString());
+        if (layers.isEmpty()) {
+            m_result.problem = QStringLiteral("no picture lies in what --crop leaves");
+            return false;
+        }
+        const QRect &crop = m_frame.crop;
+        QStringList arguments{QStringLiteral("-v"), QStringLiteral("-f"),
+            QStringLiteral("%1x%2+%3+%4")
+                .arg(crop.width())
+                .arg(crop.height())
+                .arg(crop.left())
+                .arg(crop.top())};
+        if (m_frame.isFullTurn())
+            arguments << QStringLiteral("-w");
+        if (m_format == Format::Jpeg)
+            arguments << QStringLiteral("--compression=") + kJpegQuality << QStringLiteral("-d8");
+        else if (m_format == Format::Tiff)
+            arguments << QStringLiteral("--compression=lzw") << QStringLiteral("-d16");
+        m_blended = m_folder.finished("blended",
+            arguments.join(QLatin1Char(' ')).toUtf8() + layers.join(QLatin1Char('\n')).toUtf8(),
+            suffixOf(m_format));
+        if (m_folder.has(m_blended))
+            return true;
+        const QString result = m_folder.unfinished(m_blended);
+        const auto hear = [this](const QByteArray &line) {
+            static const QRegularExpression count(
+                QStringLiteral("loading next image: .* ([0-9]+)/([0-9]+)$"));
+            const auto match = count.match(QString::fromUtf8(line));
+            Q_UNUSED(match)
+            if (line.contains("loading next image"))
+                m_part = std::min(0.99, ++m_loaded / double(m_remapped.size()));
+        };
+        return run(
+            {{QStringLiteral("enblend"),
+                arguments << QStringLiteral("-o") << result << QStringLiteral("--") << layers,
+                result}},
+            [&](int) { return WorkFolder::finish(result, m_blended); }, hear);
+    }
+
+    /// Of each location one picture, put together by nona alone.
+    bool preview()
+    {
+        m_step = 1;
+        QVector<PtoProject::Picture> pictures;
+        QVector<PictureLight> light;
+        for (const int place : representatives(m_project)) {
+            if (m_layers.at(place).isEmpty())
+                continue;
+            pictures.append(m_project.pictures.at(place));
+            light.append(m_light.at(place));
+        }
+        m_blended = m_folder.finished("preview", "", ".jpg");
+        const QString result = m_folder.unfinished(m_blended);
+        const QString script = result + QStringLiteral(".pto");
+        if (!write(script, remapScript(m_frame, pictures, light, m_project.outputExposure, false)))
+            return false;
+        int remapped = 0;
+        const auto hear = [&](const QByteArray &line) {
+            if (line.startsWith("remapping"))
+                m_part = std::min(0.99, ++remapped / double(pictures.size()));
+        };
+        return run(
+                   {{QStringLiteral("nona"),
+                       {QStringLiteral("-v"), QStringLiteral("-r"), QStringLiteral("ldr"),
+                           QStringLiteral("-m"), QStringLiteral("JPEG"), QStringLiteral("-z"),
+                           kJpegQuality, QStringLiteral("-o"), result, script},
+                       result}},
+                   [&](int) {
+                       QFile::remove(script);
+                       return WorkFolder::finish(result, m_blended);
+                   },
+                   hear)
+            && finish();
+    }
+
+    /// Gives the panorama its tags and its name.
+    bool finish()
+    {
+        m_step = 3;
+        QString whole = m_folder.unfinished(m_blended);
+        if (m_wishes.keep) {
+            if (!QFile::copy(m_blended, whole)) {
+                m_result.problem = QStringLiteral("%1: cannot be written").arg(whole);
+                return false;
+            }
+        } else if (!WorkFolder::finish(m_blended, whole)) {
+            m_result.problem = QStringLiteral("%1: cannot be moved").arg(m_blended);
+            return false;
+        }
+        if (m_format != Format::Exr) {
+            const int first = representatives(m_project).constFirst();
+            m_result.problem = writeTags(whole, m_project.pictures.at(first).path, m_frame);
+        }
+        if (m_result.problem.isEmpty() && !WorkFolder::finish(whole, m_wishes.output))
+            m_result.problem = QStringLiteral("%1: cannot be written").arg(m_wishes.output);
+        return m_result.problem.isEmpty();
+    }
+
+    const PtoProject &m_project;
+    const StitchWishes &m_wishes;
+    WorkFolder &m_folder;
+    const Progress &m_progress;
+    Rendering m_rendering;
+    Format m_format;
+    int m_jobs;
+    QVector<PictureLight> m_light;
+    Frame m_frame;
+    QVector<QRect> m_layers;
+    /// A file a picture, later a stack; empty for what lies outside.
+    QStringList m_remapped;
+    QString m_blended;
+    int m_step = 0;
+    double m_part = 0;
+    int m_loaded = 0;
+    double m_share[4] = {};
+    double m_whole = 1;
+    Stitched m_result;
+};
+
+/// Why the output's name does not fit what comes out.
+QString nameMisfit(Rendering rendering, const StitchWishes &wishes)
+{
+    const Format format = formatOf(wishes.output);
+    if (wishes.preview)
+        return format == Format::Jpeg
+            ? QString()
+            : QStringLiteral("%1: a preview is a .jpg").arg(wishes.output);
+    if (rendering == Rendering::Radiance)
+        return format == Format::Exr
+            ? QString()
+            : QStringLiteral("%1: radiance needs the name of an .exr").arg(wishes.output);
+    if (format == Format::Jpeg || format == Format::Tiff)
+        return {};
+    return format == Format::Exr
+        ? QStringLiteral("%1: only radiance is written as .exr; .jpg and .tif are for the rest")
+              .arg(wishes.output)
+        : QStringLiteral("%1: a panorama is a .jpg, a .tif, or for radiance an .exr")
+              .arg(wishes.output);
+}
+
+QStringList toolsFor(Rendering rendering, const StitchWishes &wishes)
+{
+    QStringList tools{QStringLiteral("nona")};
+    if (wishes.preview)
+        return tools;
+    tools.append(QStringLiteral("enblend"));
+    if (wishes.photometric)
+        tools.append(QStringLiteral("vig_optimize"));
+    if (rendering == Rendering::Fused)
+        tools.append(QStringLiteral("enfuse"));
+    if (rendering == Rendering::Radiance)
+        tools.append(QStringLiteral("hugin_hdrmerge"));
+    return tools;
+}
+
+} // namespace
+
+Rendering renderingOf(const PtoProject &project)
+{
+    if (project.outputType == 3)
+        return Rendering::Radiance;
+    QSet<int> locations;
+    for (const PtoProject::Picture &picture : project.pictures)
+        locations.insert(picture.location);
+    return locations.size() < project.pictures.size() ? Rendering::Fused : Rendering::Plain;
+}
+
+QString stitchObstacle(const PtoProject &project, const StitchWishes &wishes)
+{
+    const Rendering rendering = renderingOf(project);
+    QString problem = nameMisfit(rendering, wishes);
+    if (problem.isEmpty())
+        problem = missingTools(toolsFor(rendering, wishes));
+    if (!problem.isEmpty())
+        return problem;
+    const auto frame = frameOf(project, wishes.frame, &problem);
+    if (!frame || wishes.preview)
+        return problem;
+    const Format format = formatOf(wishes.output);
+    const int longest = std::max(frame->crop.width(), frame->crop.height());
+    if (format == Format::Jpeg && longest > kLongestJpegSide)
+        return QStringLiteral("%1: would have %2 pixels a side, and a JPEG has at most %3; a .tif "
+                              "or --width %3 would do")
+            .arg(wishes.output)
+            .arg(longest)
+            .arg(kLongestJpegSide);
+    const Need need = needOf(project, *frame, layersOf(project, *frame), rendering,
+        format == Format::Tiff, jobsOf(wishes));
+    return excess(need, wishes.memory, QFileInfo(wishes.output).absolutePath(), 0);
+}
+
+Stitched stitch(const PtoProject &project, const QVector<PictureLight> &light,
+    const StitchWishes &wishes, WorkFolder &folder, const Progress &progress)
+{
+    return Work(project, wishes, folder, progress).go(light);
+}

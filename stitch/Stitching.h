@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 The ZPanoHead authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "align/Progress.h"
+#include "stitch/Frame.h"
+#include "stitch/Need.h"
+#include "stitch/PtoReader.h"
+#include "stitch/WorkFolder.h"
+
+#include <optional>
+
+/// What is to be made of an aligned project.
+struct StitchWishes {
+    /// The finished picture: .jpg, .tif (16 bits) or .exr (radiance).
+    QString output;
+    FrameWishes frame;
+    /// Even out vignetting and differences of exposure.
+    bool photometric = true;
+    /// A small picture within seconds: not blended, and of each stack only the reference.
+    bool preview = false;
+    /// Bytes; 0: what is available.
+    qint64 memory = 0;
+    /// The finished picture is not moved out of the work folder, but copied.
+    bool keep = false;
+    /// How many programs run at a time; 0: one a core.
+    int jobs = 0;
+};
+
+struct Stitched {
+    bool done = false;
+    /// When neither done nor cancelled: what went wrong, a sentence.
+    QString problem;
+    Frame frame;
+    /// Whether vignetting or exposure were found to differ, and were evened out.
+    bool evenedOut = false;
+};
+
+/// How \a project is to be rendered.
+Rendering renderingOf(const PtoProject &project);
+
+/// Why \a wishes cannot be had for \a project, before anything is done: the output's name does not
+/// fit, a tool is missing, the picture is too large. Empty when they can.
+QString stitchObstacle(const PtoProject &project, const StitchWishes &wishes);
+
+/// Renders \a project (\a light: one a picture, or empty) by the Hugin tools and enblend, working
+/// in \a folder, which is open. The output appears when it is whole. May run for long: call it in a
+/// thread of its own. When \a progress cancels, or something fails, the output is as it was and
+/// what is done so far stays in the folder.
+Stitched stitch(const PtoProject &project, const QVector<PictureLight> &light,
+    const StitchWishes &wishes, WorkFolder &folder, const Progress &progress);

@@ -1,0 +1,104 @@
+// SPDX-FileCopyrightText: 2026 The ZPanoHead authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "stitch/WorkFolder.h"
+
+#include <QCryptographicHash>
+#include <QDateTime>
+#include <QDir>
+#include <QFileInfo>
+#include <cstdio>
+
+namespace {
+
+/// Only files with this in front of their name are ours to take away.
+const QString kFinished = QStringLiteral("done-");
+const QString kUnfinished = QStringLiteral("part-");
+const QString kLock = QStringLiteral("lock");
+const QString kLog = QStringLiteral("log.txt");
+
+} // namespace
+
+QString WorkFolder::file(const QString &name) const
+{
+    return QDir(m_path).filePath(name);
+}
+
+QString WorkFolder::open()
+{
+    if (QFileInfo::exists(m_path) && !QFileInfo(m_path).isDir())
+        return QStringLiteral("%1: is needed as a folder for the work, but is a file").arg(m_path);
+    if (!QDir().mkpath(m_path))
+        return QStringLiteral("%1: the folder for the work cannot be made").arg(m_path);
+    m_lock = std::make_unique<QLockFile>(file(kLock));
+    m_lock->setStaleLockTime(0);
+    if (!m_lock->tryLock(0)) {
+        const bool isOther = m_lock->error() == QLockFile::LockFailedError;
+        m_lock.reset();
+        return isOther ? QStringLiteral("%1: another run is at work there").arg(m_path)
+                       : QStringLiteral("%1: cannot be written to").arg(m_path);
+    }
+    const QDir folder(m_path);
+    for (const QString &name : folder.entryList({kUnfinished + QLatin1Char('*')}, QDir::Files))
+        QFile::remove(folder.filePath(name));
+    QFile::remove(file(kLog));
+    return {};
+}
+
+QString WorkFolder::finished(const char *kind, const QByteArray &recipe, const char *suffix)
+{
+    const QByteArray key = QCryptographicHash::hash(recipe, QCryptographicHash::Sha1).toHex();
+    const QString name = kFinished + QLatin1String(kind) + QLatin1Char('-')
+        + QString::fromLatin1(key.left(24)) + QLatin1String(suffix);
+    m_wanted.insert(name);
+    return file(name);
+}
+
+bool WorkFolder::has(const QString &finished) const
+{
+    return QFileInfo(finished).size() > 0;
+}
+
+QString WorkFolder::unfinished(const QString &finished) const
+{
+    return file(kUnfinished + QFileInfo(finished).fileName());
+}
+
+bool WorkFolder::finish(const QString &unfinished, const QString &finished)
+{
+    return std::rename(
+               QFile::encodeName(unfinished).constData(), QFile::encodeName(finished).constData())
+        == 0;
+}
+
+void WorkFolder::prune() const
+{
+    const QDir folder(m_path);
+    for (const QString &name : folder.entryList({kFinished + QLatin1Char('*')}, QDir::Files)) {
+        const bool isBeside = name.endsWith(QLatin1String("_gray.pgm"));
+        QString owner = name;
+        if (isBeside)
+            owner.replace(QLatin1String("_gray.pgm"), QLatin1String(".exr"));
+        if (!m_wanted.contains(owner))
+            QFile::remove(folder.filePath(name));
+    }
+}
+
+void WorkFolder::remove()
+{
+    m_wanted.clear();
+    prune();
+    const QDir folder(m_path);
+    for (const QString &name : folder.entryList({kUnfinished + QLatin1Char('*')}, QDir::Files))
+        QFile::remove(folder.filePath(name));
+    QFile::remove(file(kLog));
+    m_lock.reset();
+    QDir().rmdir(m_path);
+}
+
+QByteArray identityOf(const QString &path)
+{
+    const QFileInfo info(path);
+    return path.toUtf8() + '\n' + QByteArray::number(info.size()) + '\n'
+        + QByteArray::number(info.lastModified().toMSecsSinceEpoch()) + '\n';
+}
