@@ -5,6 +5,7 @@
 
 #include "apps/panohost/ImportCommand.h"
 #include "apps/panohost/MapCommand.h"
+#include "apps/panohost/StitchCommand.h"
 #include "apps/panohost/heads/Head.h"
 
 #include <QCoreApplication>
@@ -17,6 +18,7 @@ QString help()
                "panohost starts panorama projects from what a motorised head knows.\n\n"
                "  panohost [FILE...]        open the window, with these files\n"
                "  panohost import HEAD ...  make a project of a head's file and pictures\n"
+               "  panohost stitch HEAD ...  make a finished panorama of them\n"
                "  panohost map RECORD ...   draw where a record's pictures lie\n"
                "  panohost heads            list the heads\n"
                "  panohost --help           show this\n"
@@ -42,6 +44,7 @@ const QHash<QString, Command> &commands()
     static const QHash<QString, Command> commands{
         {QStringLiteral("import"), runImport},
         {QStringLiteral("map"), runMap},
+        {QStringLiteral("stitch"), runStitch},
     };
     return commands;
 }

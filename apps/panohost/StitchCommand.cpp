@@ -1,0 +1,196 @@
+// SPDX-FileCopyrightText: 2026 The ZPanoHead authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "apps/panohost/StitchCommand.h"
+
+#include "apps/panohost/HeadCommand.h"
+#include "apps/panohost/Interrupt.h"
+#include "apps/panohost/ProgressLine.h"
+#include "stitch/Panorama.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <algorithm>
+
+namespace {
+
+constexpr int kWidest = 1'000'000;
+constexpr double kMostMemory = 100'000;
+
+class StitchCommand final : public HeadCommand {
+public:
+    QString name() const override { return QStringLiteral("stitch"); }
+    std::vector<OptionText> options() const override
+    {
+        return {
+            {"output", "PANO.jpg|tif|exr", "the finished panorama; .exr is for radiance"},
+            {"project", "FILE.pto", "stitch a project that is aligned already, without HEAD"},
+            {"projection", "equirectangular|cylindrical|rectilinear",
+                "instead of what suits the shooting: full turns, wide ones, flat ones"},
+            {"width", "PIXELS", "across the finished panorama, instead of the pictures' own scale"},
+            {"crop", "covered|inside|full",
+                "all that is covered (default), the largest part without a hole, or the canvas"},
+            {"no-photometric", nullptr, "leave vignetting and differences of exposure"},
+            {"preview", nullptr, "1500 pixels within seconds, not blended"},
+            {"report", "FILE.txt|json", "where the alignment's report is written, too"},
+            {"memory", "GB", "refuse what needs more memory, instead of what is available"},
+            {"keep", nullptr, "keep the work folder, PANO.jpg.work, to go on from"},
+        };
+    }
+    QString description() const override
+    {
+        return QStringLiteral("Makes a finished panorama: imports, aligns and renders.");
+    }
+
+    void takeOptions(OptionReader &reader) override
+    {
+        m_wishes.output = reader.text("output");
+        m_report = reader.text("report");
+        if (m_wishes.output.isEmpty())
+            reader.refuse(QStringLiteral("--output PANO.jpg|tif|exr is missing"));
+        if (reader.isSet("report") && m_report.isEmpty())
+            reader.refuse(QStringLiteral("--report wants a file"));
+        if (const auto choice = reader.choice("projection",
+                {QStringLiteral("rectilinear"), QStringLiteral("cylindrical"),
+                    QStringLiteral("equirectangular")}))
+            m_wishes.frame.projection = static_cast<Projection>(*choice);
+        m_wishes.frame.width = reader.integer("width", 16, kWidest).value_or(0);
+        if (const auto choice = reader.choice("crop",
+                {QStringLiteral("covered"), QStringLiteral("inside"), QStringLiteral("full")}))
+            m_wishes.frame.crop = static_cast<Crop>(*choice);
+        m_wishes.photometric = !reader.isSet("no-photometric");
+        m_wishes.preview = reader.isSet("preview");
+        m_wishes.keep = reader.isSet("keep");
+        m_wishes.memory = qint64(reader.number("memory", 0.01, kMostMemory).value_or(0) * 1e9);
+    }
+
+    QStringList outputs() const override
+    {
+        return m_report.isEmpty() ? QStringList(m_wishes.output)
+                                  : QStringList{m_wishes.output, m_report};
+    }
+    OutputGuard::Writes writes() const override { return OutputGuard::Writes::Pictures; }
+
+    ExitCode run(const ProjectRecord &record, const PictureTable &pictures) override
+    {
+        return make([&](const Progress &progress) {
+            return makePanorama(record, pictures, m_wishes, progress);
+        });
+    }
+
+    ExitCode run(const ReadProject &project)
+    {
+        return make(
+            [&](const Progress &progress) { return makePanorama(project, m_wishes, progress); });
+    }
+
+private:
+    template <typename Making> ExitCode make(const Making &making)
+    {
+        const Interrupt interrupt;
+        Panorama panorama;
+        {
+            ProgressLine line;
+            panorama = making([&line](const QString &step, int done, int total) {
+                line.show(step, done, total);
+                return !Interrupt::isAsked();
+            });
+        }
+        if (!panorama.problem.isEmpty())
+            console::complain(panorama.problem);
+        else if (!panorama.done)
+            console::complain(QStringLiteral("interrupted; what is done so far is kept in %1, and "
+                                             "the same command goes on from there")
+                                  .arg(workFolderOf(m_wishes.output)));
+        if (!panorama.done)
+            return ExitCode::Failed;
+        return tell(panorama);
+    }
+
+    ExitCode tell(const Panorama &panorama) const
+    {
+        static const QString projections[] = {QStringLiteral("rectilinear"),
+            QStringLiteral("cylindrical"), QStringLiteral("equirectangular")};
+        const Frame &frame = panorama.stitched.frame;
+        console::print(panorama.report);
+        if (panorama.stitched.evenedOut)
+            console::print(QStringLiteral("Vignetting and exposure were evened out.\n"));
+        console::print(QStringLiteral("%1: %2 x %3 pixels, %4\n")
+                           .arg(m_wishes.output)
+                           .arg(frame.crop.width())
+                           .arg(frame.crop.height())
+                           .arg(projections[static_cast<int>(frame.projection)]));
+        if (m_report.isEmpty())
+            return ExitCode::Done;
+        const bool isJson = m_report.endsWith(QLatin1String(".json"), Qt::CaseInsensitive);
+        const QString problem
+            = writeWhole({{m_report, isJson ? panorama.reportJson : panorama.report.toUtf8()}});
+        return isClear(problem.isEmpty() ? QStringList() : QStringList(problem)) ? ExitCode::Done
+                                                                                 : ExitCode::Failed;
+    }
+
+    StitchWishes m_wishes;
+    QString m_report;
+};
+
+/// panohost stitch --project FILE.pto --output ...
+ExitCode stitchProject(StitchCommand &command, const QStringList &arguments)
+{
+    QCommandLineParser parser;
+    for (const OptionText &option : command.options())
+        parser.addOption({QLatin1String(option.name), QString(),
+            QLatin1String(option.value ? option.value : "")});
+    parser.addOption({QStringLiteral("force"), QString(), QString()});
+    const bool isParsed = parser.parse(QStringList(command.name()) + arguments);
+    OptionReader reader(parser);
+    if (!isParsed)
+        reader.refuse(parser.errorText());
+    if (!parser.positionalArguments().isEmpty())
+        reader.refuse(QStringLiteral("--project takes the pictures from the project"));
+    command.takeOptions(reader);
+    if (!reader.error().isEmpty()) {
+        console::complain(reader.error());
+        console::complain(QStringLiteral("panohost stitch --help tells how it is used"));
+        return ExitCode::WrongUsage;
+    }
+
+    const QString path = reader.text("project");
+    QFile file(path);
+    QString problem;
+    std::optional<ReadProject> project;
+    if (file.open(QIODevice::ReadOnly))
+        project = readProject(file.readAll(), QFileInfo(path).absolutePath(), &problem);
+    else
+        problem = QStringLiteral("cannot be opened: %1").arg(file.errorString());
+    if (!project) {
+        console::complain(QStringLiteral("%1: %2").arg(path, problem));
+        return ExitCode::Failed;
+    }
+    QStringList inputs{path};
+    QStringList problems;
+    for (const PtoProject::Picture &picture : qAsConst(project->project.pictures)) {
+        inputs.append(picture.path);
+        if (!QFileInfo(picture.path).isFile())
+            problems.append(QStringLiteral("%1: there is no such picture").arg(picture.path));
+    }
+    const OutputGuard guard(inputs, reader.isSet("force"), command.writes());
+    for (const QString &output : command.outputs()) {
+        const QString objection = guard.objection(output);
+        if (!objection.isEmpty())
+            problems.append(QStringLiteral("%1: %2").arg(output, objection));
+    }
+    return isClear(problems) ? command.run(*project) : ExitCode::Failed;
+}
+
+} // namespace
+
+ExitCode runStitch(const QStringList &arguments)
+{
+    StitchCommand command;
+    const bool hasProject
+        = std::any_of(arguments.begin(), arguments.end(), [](const QString &word) {
+              return word == QLatin1String("--project")
+                  || word.startsWith(QLatin1String("--project="));
+          });
+    return hasProject ? stitchProject(command, arguments) : runHeadCommand(command, arguments);
+}

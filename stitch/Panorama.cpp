@@ -1,0 +1,95 @@
+// SPDX-FileCopyrightText: 2026 The ZPanoHead authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "stitch/Panorama.h"
+
+#include "align/OutputFile.h"
+#include "align/PtoProject.h"
+#include "align/RecordJson.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// The record aligned, now or by an earlier run. Nothing when cancelled or, with a sentence in
+/// \a panorama, when it cannot be.
+std::optional<ReadProject> aligned(const ProjectRecord &record, const PictureTable &pictures,
+    WorkFolder &folder, const Progress &progress, Panorama *panorama)
+{
+    Q_UNUSED(progress)
+    QByteArray recipe = recordToJson(record);
+    for (const QStringList &stack : record.groups) {
+        for (const QString &path : stack)
+            recipe += identityOf(path);
+    }
+    const QString project = folder.finished("aligned", recipe, ".pto");
+    const QString report = folder.finished("report", recipe, ".txt");
+    const QString reportJson = folder.finished("report", recipe, ".json");
+    if (!folder.has(project)) {
+        const auto placed = projectOf(record, pictures, &panorama->problem);
+        if (!placed)
+            return std::nullopt;
+        panorama->problem = writeWhole({{project, projectText(*placed, folder.path())}});
+        if (!panorama->problem.isEmpty())
+            return std::nullopt;
+    }
+    panorama->report = QString::fromUtf8(contentOf(report));
+    panorama->reportJson = contentOf(reportJson);
+    return readProject(contentOf(project), folder.path(), &panorama->problem);
+}
+
+void finish(const ReadProject &project, const StitchWishes &wishes, WorkFolder &folder,
+    const Progress &progress, Panorama *panorama)
+{
+    panorama->stitched = stitch(project.project, project.light, wishes, folder, progress);
+    panorama->done = panorama->stitched.done;
+    panorama->problem = panorama->stitched.problem;
+    if (panorama->done && !wishes.keep)
+        folder.remove();
+}
+
+} // namespace
+
+QString workFolderOf(const QString &output)
+{
+    return QFileInfo(output).absoluteFilePath() + QStringLiteral(".work");
+}
+
+Panorama makePanorama(const ProjectRecord &record, const PictureTable &pictures,
+    const StitchWishes &wishes, const Progress &progress)
+{
+    Panorama panorama;
+    // The places that the head recorded say near enough what will be needed.
+    const auto recorded = projectOf(record, pictures, &panorama.problem);
+    if (!recorded)
+        return panorama;
+    panorama.problem = stitchObstacle(*recorded, wishes);
+    WorkFolder folder(workFolderOf(wishes.output));
+    if (panorama.problem.isEmpty())
+        panorama.problem = folder.open();
+    if (!panorama.problem.isEmpty())
+        return panorama;
+    if (const auto project = aligned(record, pictures, folder, progress, &panorama))
+        finish(*project, wishes, folder, progress, &panorama);
+    return panorama;
+}
+
+Panorama makePanorama(
+    const ReadProject &project, const StitchWishes &wishes, const Progress &progress)
+{
+    Panorama panorama;
+    panorama.problem = stitchObstacle(project.project, wishes);
+    WorkFolder folder(workFolderOf(wishes.output));
+    if (panorama.problem.isEmpty())
+        panorama.problem = folder.open();
+    if (panorama.problem.isEmpty())
+        finish(project, wishes, folder, progress, &panorama);
+    return panorama;
+}

@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The ZPanoHead authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "align/PictureFacts.h"
+#include "host/ProjectRecord.h"
+#include "stitch/Stitching.h"
+
+/// A finished panorama, or why there is none.
+struct Panorama {
+    bool done = false;
+    /// When neither done nor cancelled: what went wrong, a sentence.
+    QString problem;
+    Stitched stitched;
+    /// What the alignment found, for people and for programs; empty where nothing was aligned.
+    QString report;
+    QByteArray reportJson;
+};
+
+/// The usual work folder of a panorama that is called \a output.
+QString workFolderOf(const QString &output);
+
+/// Aligns \a record and stitches it: all that makes a panorama of an import. What it works on lies
+/// in workFolderOf(wishes.output) until it is done, and stays there when wishes.keep is set or it
+/// does not come to an end: a later call with the same record goes on from it, and never aligns
+/// twice. May run for long: call it in a thread of its own. \a progress cancels.
+Panorama makePanorama(const ProjectRecord &record, const PictureTable &pictures,
+    const StitchWishes &wishes, const Progress &progress);
+
+/// The same for a project that is aligned already.
+Panorama makePanorama(
+    const ReadProject &project, const StitchWishes &wishes, const Progress &progress);
