@@ -259,10 +259,15 @@ QRect insideOf(const Frame &frame, const QRect &part, const QVector<View> &views
                 cells.cover(x, y);
         }
     }
+    // A cell less at each side, but for the seam of a full turn: borders meet at an angle between
+    // corners.
     const QRect best = cells.largestRectangle();
-    const QRect inside(part.left() + int(std::ceil(best.left() * cell)),
-        part.top() + int(std::ceil(best.top() * cell)), int(best.width() * cell),
-        int(best.height() * cell));
+    const bool isAllAcross = frame.angle == 360 && best.width() == cells.width();
+    const int aside = isAllAcross ? 0 : int(std::ceil(cell));
+    const QRect inside
+        = QRect(part.left() + int(best.left() * cell), part.top() + int(best.top() * cell),
+            isAllAcross ? part.width() : int(best.width() * cell), int(best.height() * cell))
+              .adjusted(aside, int(std::ceil(cell)), -aside, -int(std::ceil(cell)));
     return inside.isEmpty() ? part : inside.intersected(part);
 }
 

@@ -69,7 +69,8 @@ QVector<PictureLight> PhotometryJudge::judge(
 {
     QString problem;
     const auto read = readProject(text, folder, &problem);
-    if (!read || read->light.size() != light.size() || !(m_last < m_first * (1 - kWorthwhile)))
+    if (!read || read->light.size() != light.size() || m_first <= 0
+        || !(m_last < m_first * (1 - kWorthwhile)))
         return light;
     double drift = 0;
     for (int i = 0; i < light.size(); ++i) {

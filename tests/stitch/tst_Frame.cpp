@@ -1,0 +1,185 @@
+// SPDX-FileCopyrightText: 2026 The ZPanoHead authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "stitch/Frame.h"
+#include "stitch/Need.h"
+
+#include <QTest>
+#include <cmath>
+
+namespace {
+
+/// Rows of pictures of 900 x 600 pixels.
+PtoProject rows(double firstYaw, double step, int columns, const QVector<double> &pitches,
+    double focal, bool fisheye = false)
+{
+    PtoProject project;
+    for (const double pitch : pitches) {
+        for (int column = 0; column < columns; ++column) {
+            PtoProject::Picture picture;
+            picture.lens = {QSize(900, 600), focal, fisheye};
+            picture.place = {std::remainder(firstYaw + column * step, 360.0), pitch, 0};
+            picture.location = project.pictures.size();
+            project.pictures.append(picture);
+        }
+    }
+    return project;
+}
+
+QString told(const Frame &frame)
+{
+    static const char *names[] = {"rectilinear", "cylindrical", "equirectangular"};
+    return QStringLiteral("%1 %2 degrees at %3, %4 of the height")
+        .arg(QLatin1String(names[int(frame.projection)]))
+        .arg(frame.angle)
+        .arg(qRound(frame.yaw))
+        .arg(double(frame.crop.height()) / frame.canvas.height(), 0, 'f', 1);
+}
+
+} // namespace
+
+class tst_Frame : public QObject {
+    Q_OBJECT
+
+private slots:
+    void usualFrame_data()
+    {
+        QTest::addColumn<double>("firstYaw");
+        QTest::addColumn<double>("step");
+        QTest::addColumn<int>("columns");
+        QTest::addColumn<QVector<double>>("pitches");
+        QTest::addColumn<double>("focal");
+        QTest::addColumn<bool>("fisheye");
+        QTest::addColumn<QString>("expected");
+
+        // 20 mm on 900 x 600: 84 x 62 degrees; 100 mm: 20 x 14; fisheye of 10 mm: 206 x 138.
+        QTest::newRow("sphere") << 0.0 << 45.0 << 8 << QVector<double>{-60, 0, 60} << 20.0 << false
+                                << "equirectangular 360 degrees at 0, 1.0 of the height";
+        QTest::newRow("ring") << 10.0 << 60.0 << 6 << QVector<double>{0} << 20.0 << false
+                              << "equirectangular 360 degrees at 0, 0.3 of the height";
+        QTest::newRow("ring looking up")
+            << 10.0 << 45.0 << 8 << QVector<double>{60} << 20.0 << false
+            << "equirectangular 360 degrees at 0, 0.4 of the height";
+        QTest::newRow("flat") << -15.0 << 15.0 << 3 << QVector<double>{-5, 5} << 100.0 << false
+                              << "rectilinear 52 degrees at 0, 1.0 of the height";
+        QTest::newRow("flat across 180 degrees")
+            << 150.0 << 15.0 << 4 << QVector<double>{0} << 100.0 << false
+            << "rectilinear 66 degrees at 173, 1.0 of the height";
+        QTest::newRow("wide") << -90.0 << 15.0 << 13 << QVector<double>{0} << 100.0 << false
+                              << "cylindrical 201 degrees at 0, 1.0 of the height";
+        QTest::newRow("wide across 180 degrees")
+            << 90.0 << 15.0 << 13 << QVector<double>{0} << 100.0 << false
+            << "cylindrical 201 degrees at 180, 1.0 of the height";
+        QTest::newRow("high") << -20.0 << 15.0 << 4 << QVector<double>{0, 40, 75} << 40.0 << false
+                              << "equirectangular 360 degrees at 0, 0.6 of the height";
+        QTest::newRow("one fisheye") << 30.0 << 0.0 << 1 << QVector<double>{0} << 10.0 << true
+                                     << "equirectangular 258 degrees at 30, 1.0 of the height";
+    }
+    void usualFrame()
+    {
+        QFETCH(double, firstYaw);
+        QFETCH(double, step);
+        QFETCH(int, columns);
+        QFETCH(QVector<double>, pitches);
+        QFETCH(double, focal);
+        QFETCH(bool, fisheye);
+        const PtoProject project = rows(firstYaw, step, columns, pitches, focal, fisheye);
+        QString problem;
+        const auto frame = frameOf(project, {}, &problem);
+        QVERIFY2(frame, qUtf8Printable(problem));
+        QTEST(told(*frame), "expected");
+        // As large as the pictures are, and all of them within.
+        const double fp = std::hypot(900, 600) * focal / std::hypot(36, 24);
+        QVERIFY2(
+            std::abs(frame->scale() / fp - 1) < 0.01, qPrintable(QString::number(frame->scale())));
+        for (const View &view : viewsOf(project)) {
+            for (const QPointF corner : {QPointF(-449, -299), QPointF(449, 299), QPointF(0, 0)}) {
+                const auto place = frame->project(view.at(corner.x(), corner.y()));
+                QVERIFY(place);
+                QVERIFY(QRectF(frame->crop).adjusted(-1, -1, 1, 1).contains(*place));
+                const auto back = frame->unproject(*place);
+                QVERIFY(back);
+                const auto again = view.find(*back);
+                QVERIFY(again);
+                QVERIFY(QLineF(*again, corner).length() < 0.01);
+            }
+        }
+    }
+
+    void refusesWhatDoesNotFit()
+    {
+        const PtoProject ring = rows(0, 60, 6, {0}, 20);
+        QString problem;
+        FrameWishes wishes;
+        wishes.projection = Projection::Rectilinear;
+        QVERIFY(!frameOf(ring, wishes, &problem));
+        QVERIFY2(problem.contains(QStringLiteral("at most 160")), qUtf8Printable(problem));
+        wishes.projection = Projection::Cylindrical;
+        QVERIFY(frameOf(ring, wishes, &problem));
+        QVERIFY(!frameOf(rows(0, 45, 8, {-60, 60}, 20), wishes, &problem));
+        QVERIFY2(problem.contains(QStringLiteral("at most 80")), qUtf8Printable(problem));
+    }
+
+    void cropAndWidth()
+    {
+        const PtoProject ring = rows(0, 30, 12, {0}, 20);
+        QString problem;
+        FrameWishes wishes;
+        wishes.width = 1000;
+        const auto covered = frameOf(ring, wishes, &problem);
+        wishes.crop = Crop::Inside;
+        const auto inside = frameOf(ring, wishes, &problem);
+        wishes.crop = Crop::Full;
+        const auto full = frameOf(ring, wishes, &problem);
+        QVERIFY(covered && inside && full);
+        QCOMPARE(full->crop, QRect(0, 0, 1000, 500));
+        QCOMPARE(covered->crop.width(), 1000);
+        QCOMPARE(inside->crop.width(), 1000);
+        QVERIFY(covered->isFullTurn() && inside->isFullTurn() && full->isFullTurn());
+        QVERIFY(inside->crop.height() < covered->crop.height());
+        QVERIFY(covered->crop.height() < 200);
+        // Every place of what lies inside is seen.
+        const QVector<View> views = viewsOf(ring);
+        for (int y = inside->crop.top(); y <= inside->crop.bottom() + 1; ++y) {
+            for (int x = 0; x <= 1000; x += 7) {
+                const Direction d = *inside->unproject(QPointF(x, y));
+                QVERIFY(std::any_of(
+                    views.begin(), views.end(), [&](const View &view) { return view.sees(d); }));
+            }
+        }
+    }
+
+    /// Of a picture that lies across the edge the layer is as wide as the canvas.
+    void layers()
+    {
+        PtoProject ring = rows(0, 60, 6, {0}, 20);
+        QString problem;
+        const auto frame = frameOf(ring, {}, &problem);
+        QVERIFY(frame);
+        const QVector<View> views = viewsOf(ring);
+        QVector<QRect> rects;
+        for (const View &view : views)
+            rects.append(layerRect(*frame, view, QSize(900, 600)));
+        const int width = frame->canvas.width();
+        QVERIFY(std::abs(rects.at(0).center().x() - width / 2) <= 1);
+        QVERIFY(std::abs(rects.at(0).width() - width * 83.97 / 360) < 3);
+        QCOMPARE(rects.at(3).width(), width);
+
+        const Need plain = needOf(ring, *frame, rects, Rendering::Plain, false, 2);
+        const Need fused = needOf(ring, *frame, rects, Rendering::Fused, true, 2);
+        const Need half
+            = needOf(ring, frame->scaledTo(width / 2), rects, Rendering::Plain, false, 2);
+        QVERIFY(fused.disk > plain.disk && fused.memory > plain.memory);
+        QVERIFY(half.disk < plain.disk);
+        QCOMPARE(excess(plain, 0, QStringLiteral("/"), plain.disk), QString());
+        QVERIFY(excess(plain, 50'000'000, QStringLiteral("/"), 0)
+                    .contains(QStringLiteral("--memory allows 0.1 GB")));
+        Need vast = plain;
+        vast.disk = 1'000'000'000'000'000'000;
+        QVERIFY(excess(vast, 0, QStringLiteral("/"), 0)
+                    .contains(QStringLiteral("1000000000.0 GB on the disk")));
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_Frame)
+#include "tst_Frame.moc"
