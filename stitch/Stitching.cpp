@@ -270,7 +270,6 @@ private:
             scripts.append(scriptFile);
             wanted.append(finished);
         }
-        m_folder.prune();
         return run(calls, [&](int call) {
             QFile::remove(scripts.at(call));
             const QString made = calls.at(call).result;
@@ -361,6 +360,7 @@ private:
         m_blended = m_folder.finished("blended",
             arguments.join(QLatin1Char(' ')).toUtf8() + layers.join(QLatin1Char('\n')).toUtf8(),
             suffixOf(m_format));
+        m_folder.prune(); // Only now all names are known that this run needs.
         if (m_folder.has(m_blended))
             return true;
         const QString result = m_folder.unfinished(m_blended);

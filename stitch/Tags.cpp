@@ -5,6 +5,7 @@
 
 #include <QColorSpace>
 #include <QFile>
+#include <algorithm>
 #include <cmath>
 #include <exiv2/exiv2.hpp>
 
@@ -82,19 +83,12 @@ void addSphere(const Frame &frame, Exiv2::XmpData &xmp)
 
 void addProfile(Exiv2::Image &target)
 {
+    if (target.iccProfileDefined())
+        return;
     const QByteArray profile = QColorSpace(QColorSpace::SRgb).iccProfile();
-    const auto *bytes = reinterpret_cast<const Exiv2::byte *>(profile.constData());
-    if (target.mimeType() == "image/tiff") {
-        if (target.exifData().findKey(Exiv2::ExifKey("Exif.Image.InterColorProfile"))
-            != target.exifData().end())
-            return;
-        Exiv2::DataValue value(Exiv2::undefined);
-        value.read(bytes, profile.size());
-        target.exifData()["Exif.Image.InterColorProfile"] = value;
-    } else if (!target.iccProfileDefined()) {
-        Exiv2::DataBuf buffer(bytes, profile.size());
-        target.setIccProfile(buffer);
-    }
+    Exiv2::DataBuf buffer(
+        reinterpret_cast<const Exiv2::byte *>(profile.constData()), profile.size());
+    target.setIccProfile(buffer);
 }
 
 } // namespace

@@ -1,0 +1,464 @@
+// SPDX-FileCopyrightText: 2026 The ZPanoHead authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include <QColorSpace>
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+#include <cmath>
+#include <csignal>
+#include <exiv2/exiv2.hpp>
+
+namespace {
+
+QStringList words(const QString &text)
+{
+    return text.isEmpty() ? QStringList() : text.split(QLatin1Char(' '));
+}
+
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void writeFile(const QString &path, const QByteArray &content)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(content);
+}
+
+/// Peak signal to noise ratio in decibels of \a picture against the part of \a scene, the whole
+/// sphere in the same scale, from row \a top on.
+double likeness(const QImage &picture, const QImage &scene, int top)
+{
+    double sum = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            const QRgb a = picture.pixel(x, y);
+            const QRgb b = scene.pixel(x, top + y);
+            for (const int difference :
+                {qRed(a) - qRed(b), qGreen(a) - qGreen(b), qBlue(a) - qBlue(b)})
+                sum += difference * difference;
+        }
+    }
+    const double mean = sum / (3.0 * picture.width() * picture.height());
+    return 10 * std::log10(255 * 255 / mean);
+}
+
+/// The share of pixels that are all but black.
+double blackPart(const QImage &picture)
+{
+    int black = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x)
+            black += qGray(picture.pixel(x, y)) < 4;
+    }
+    return double(black) / (picture.width() * picture.height());
+}
+
+} // namespace
+
+class tst_StitchCommand : public QObject {
+    Q_OBJECT
+
+private:
+    struct Run {
+        int exitCode = -1;
+        QString out;
+        QString err;
+    };
+
+    QString at(const QString &name) const { return m_folder.filePath(name); }
+
+    /// \a path in front of PATH, where given.
+    Run panohost(const QString &arguments, const QString &path = {}) const
+    {
+        QProcess process;
+        prepare(process, path);
+        process.start(QStringLiteral(PANOHOST), words(arguments));
+        process.waitForFinished(120'000);
+        return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+            QString::fromUtf8(process.readAllStandardOutput()),
+            QString::fromUtf8(process.readAllStandardError())};
+    }
+
+    void prepare(QProcess &process, const QString &path) const
+    {
+        process.setWorkingDirectory(m_folder.path());
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        if (!path.isEmpty())
+            environment.insert(QStringLiteral("PATH"), path);
+        process.setProcessEnvironment(environment);
+    }
+
+    void shoot(const QString &name, const QString &arguments) const
+    {
+        QProcess process;
+        process.start(QStringLiteral(MAKESHOOTING),
+            words(arguments) << QStringLiteral("--output") << at(name));
+        QVERIFY(process.waitForFinished(120'000));
+        QVERIFY2(process.exitCode() == 0, process.readAllStandardError().constData());
+    }
+
+    /// A folder in front of PATH in which \a tool is a script.
+    QString pathWith(const QString &tool, const QByteArray &script) const
+    {
+        const QString folder = at(QStringLiteral("bin"));
+        QDir(folder).removeRecursively();
+        QDir().mkpath(folder);
+        const QString file = QDir(folder).filePath(tool);
+        writeFile(file, "#!/bin/sh\n" + script + "\n");
+        QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        return folder + QLatin1Char(':') + QString::fromLocal8Bit(qgetenv("PATH"));
+    }
+
+    QStringList filesIn(const QString &folder, const QString &pattern) const
+    {
+        return QDir(at(folder)).entryList({pattern}, QDir::Files, QDir::Name);
+    }
+
+private slots:
+    void initTestCase()
+    {
+        for (const char *tool : {"nona", "enblend", "enfuse", "hugin_hdrmerge", "vig_optimize"}) {
+            if (QStandardPaths::findExecutable(QLatin1String(tool)).isEmpty())
+                QSKIP("Hugin's tools, enblend and enfuse are not installed");
+        }
+        shoot(QStringLiteral("sphere"), QStringLiteral("--sphere --size 300x200"));
+        shoot(QStringLiteral("brackets"),
+            QStringLiteral("--format vrdrive2 --rows 1 --columns 6 --full-turn --brackets 3 "
+                           "--size 180x120"));
+        shoot(QStringLiteral("flat"),
+            QStringLiteral("--format gigapan --rows 3 --columns 3 --focal 100 --size 300x200"));
+        shoot(QStringLiteral("two"), QStringLiteral("--rows 1 --columns 2 --size 120x80"));
+        QProcess process;
+        process.start(QStringLiteral(MAKESHOOTING),
+            {QStringLiteral("--scene"), at(QStringLiteral("scene.png")),
+                QStringLiteral("--scene-width"), QStringLiteral("800")});
+        QVERIFY(process.waitForFinished(120'000) && process.exitCode() == 0);
+    }
+
+    void cleanup()
+    {
+        for (const QString &name :
+            QDir(m_folder.path()).entryList({QStringLiteral("pano*")}, QDir::AllEntries)) {
+            QFile::remove(at(name));
+            QDir(at(name)).removeRecursively();
+        }
+    }
+
+    void sphereLooksLikeTheScene()
+    {
+        const Run run = panohost(
+            QStringLiteral("stitch --project sphere/truth.pto --output pano.jpg --width 800"));
+        QVERIFY2(run.exitCode == 0, qUtf8Printable(run.err));
+        QCOMPARE(run.out.section(QLatin1Char('\n'), -2),
+            QStringLiteral("pano.jpg: 800 x 400 pixels, equirectangular\n"));
+        const QImage picture(at(QStringLiteral("pano.jpg")));
+        QCOMPARE(picture.size(), QSize(800, 400));
+        const double decibels = likeness(picture, QImage(at(QStringLiteral("scene.png"))), 0);
+        QVERIFY2(decibels > 24, qPrintable(QString::number(decibels)));
+        QCOMPARE(picture.colorSpace(), QColorSpace(QColorSpace::SRgb));
+        QVERIFY(!QFile::exists(at(QStringLiteral("pano.jpg.work"))));
+    }
+
+    /// All that the world reads, on a panorama that is not the whole sphere.
+    void tags()
+    {
+        const QString first = at(QStringLiteral("two/IMG_0001.jpg"));
+        const auto source = Exiv2::ImageFactory::open(QFile::encodeName(first).toStdString());
+        source->readMetadata();
+        source->exifData()["Exif.Image.Copyright"] = "A. Nybody";
+        source->exifData()["Exif.GPSInfo.GPSLatitude"] = "52/1 30/1 0/1";
+        source->exifData()["Exif.GPSInfo.GPSLatitudeRef"] = "N";
+        source->writeMetadata();
+        for (const char *suffix : {"jpg", "tif"}) {
+            const Run run
+                = panohost(QStringLiteral("stitch --project two/truth.pto --output pano.%1 "
+                                          "--projection equirectangular")
+                               .arg(QLatin1String(suffix)));
+            QVERIFY2(run.exitCode == 0, qUtf8Printable(run.err));
+            const auto image = Exiv2::ImageFactory::open(
+                QFile::encodeName(at(QStringLiteral("pano.") + QLatin1String(suffix)))
+                    .toStdString());
+            image->readMetadata();
+            auto &exif = image->exifData();
+            auto &xmp = image->xmpData();
+            QCOMPARE(exif["Exif.Image.Copyright"].toString().c_str(), "A. Nybody");
+            QCOMPARE(exif["Exif.GPSInfo.GPSLatitude"].toString().c_str(), "52/1 30/1 0/1");
+            QCOMPARE(exif["Exif.Photo.DateTimeOriginal"].toString(),
+                source->exifData()["Exif.Photo.DateTimeOriginal"].toString());
+            QCOMPARE(exif["Exif.Image.Model"].toString(),
+                source->exifData()["Exif.Image.Model"].toString());
+            const auto number = [&xmp](const char *name) {
+                return int(xmp[std::string("Xmp.GPano.") + name].toLong());
+            };
+            QCOMPARE(xmp["Xmp.GPano.ProjectionType"].toString().c_str(), "equirectangular");
+            const int full = number("FullPanoWidthPixels");
+            QCOMPARE(number("FullPanoHeightPixels"), (full + 1) / 2);
+            QCOMPARE(number("CroppedAreaImageWidthPixels"), image->pixelWidth());
+            QCOMPARE(number("CroppedAreaImageHeightPixels"), image->pixelHeight());
+            // The two lie side by side about yaw 0 and the horizon.
+            const auto isCentred = [](int offset, int part, int whole) {
+                return std::abs(2 * offset + part - whole) <= 4;
+            };
+            QVERIFY(isCentred(number("CroppedAreaLeftPixels"), image->pixelWidth(), full));
+            QVERIFY(isCentred(number("CroppedAreaTopPixels"), image->pixelHeight(), full / 2));
+            QVERIFY(image->iccProfileDefined());
+            if (image->mimeType() == "image/tiff")
+                QCOMPARE(exif["Exif.Image.BitsPerSample"].toLong(), 16L);
+        }
+    }
+
+    void kinds_data()
+    {
+        QTest::addColumn<QString>("arguments");
+        QTest::addColumn<QString>("told");
+        QTest::addColumn<QByteArray>("magic");
+
+        const QByteArray jpeg("\xff\xd8\xff");
+        const QByteArray tiff("II*\0", 4);
+        const QByteArray exr("\x76\x2f\x31\x01");
+        QTest::newRow("fused, 8 bits")
+            << "vrdrive2 --config brackets/shooting.xml --output-type tonemapped brackets --output "
+               "pano.jpg"
+            << "equirectangular" << jpeg;
+        QTest::newRow("fused, 16 bits")
+            << "vrdrive2 --config brackets/shooting.xml --output-type tonemapped brackets --output "
+               "pano.tif --width 400"
+            << "400 x " << tiff;
+        QTest::newRow("radiance") << "vrdrive2 --config brackets/shooting.xml --output-type hdr "
+                                     "brackets --output pano.exr"
+                                  << "equirectangular" << exr;
+        QTest::newRow("flat grid") << "gigapan --rows 3 --overlap 30 flat --output pano.jpg"
+                                   << "rectilinear" << jpeg;
+        QTest::newRow("no photometry")
+            << "--project two/truth.pto --no-photometric --projection cylindrical --output pano.jpg"
+            << "cylindrical" << jpeg;
+        QTest::newRow("preview of radiance")
+            << "vrdrive2 --config brackets/shooting.xml --output-type hdr brackets --preview "
+               "--output pano.jpg"
+            << "equirectangular" << jpeg;
+    }
+    void kinds()
+    {
+        QFETCH(QString, arguments);
+        QFETCH(QString, told);
+        QFETCH(QByteArray, magic);
+        const Run run = panohost(QStringLiteral("stitch ") + arguments);
+        QVERIFY2(run.exitCode == 0, qUtf8Printable(run.err));
+        QVERIFY2(run.out.contains(told), qUtf8Printable(run.out));
+        const QString output
+            = arguments.section(QStringLiteral("--output "), 1).section(QLatin1Char(' '), 0, 0);
+        QVERIFY(contentOf(at(output)).startsWith(magic));
+        QCOMPARE(QDir(m_folder.path()).entryList({QStringLiteral("pano*")}), QStringList(output));
+    }
+
+    /// No hole where rows meet.
+    void insideIsFull()
+    {
+        const Run run = panohost(
+            QStringLiteral("stitch --project flat/truth.pto --output pano.jpg --crop inside"));
+        QVERIFY2(run.exitCode == 0, qUtf8Printable(run.err));
+        const QImage picture(at(QStringLiteral("pano.jpg")));
+        QVERIFY(picture.width() > 500);
+        QCOMPARE(blackPart(picture), 0.0);
+    }
+
+    void refusals_data()
+    {
+        QTest::addColumn<QString>("arguments");
+        QTest::addColumn<QString>("cause");
+        QTest::addColumn<int>("exitCode");
+
+        const auto row = [](const char *arguments, const char *cause, int exitCode) {
+            QTest::newRow(arguments)
+                << QString::fromLatin1(arguments) << QString::fromLatin1(cause) << exitCode;
+        };
+        const char *hdr = "vrdrive2 --config brackets/shooting.xml --output-type hdr brackets "
+                          "--output pano.jpg";
+        row(hdr, "pano.jpg: radiance needs the name of an .exr", 1);
+        row("--project two/truth.pto --output pano.exr", "only radiance is written as .exr", 1);
+        row("--project two/truth.pto --output pano.png", "a panorama is a .jpg", 1);
+        row("--project two/truth.pto --output pano", "a panorama is a .jpg", 1);
+        row("--project two/truth.pto --output pano.tif --preview", "a preview is a .jpg", 1);
+        row("--project two/truth.pto --output no/pano.jpg", "there is no folder", 1);
+        row("--project two/truth.pto --output two/IMG_0001.jpg --force", "is one of the files", 1);
+        row("--project two/truth.pto --output scene.png", "exists already", 1);
+        row("--project two/none.pto --output pano.jpg", "cannot be opened", 1);
+        row("--project two/truth.json --output pano.jpg", "no pictures", 1);
+        row("--project sphere/truth.pto --output pano.jpg --projection rectilinear", "at most 160",
+            1);
+        row("--project sphere/truth.pto --output pano.jpg --width 60000 --memory 8",
+            "--memory allows 8.0 GB", 1);
+        row("--project sphere/truth.pto --output pano.jpg --width 100000 --memory 1000",
+            "a JPEG has at most 65000", 1);
+        row("--project sphere/truth.pto --output pano.tif --width 1000000 --memory 100000",
+            "GB on the disk", 1);
+        row("--project two/truth.pto", "--output", 2);
+        row("--project two/truth.pto --output pano.jpg --width 0", "\"0\"", 2);
+        row("--project two/truth.pto --output pano.jpg --projection flat", "\"flat\"", 2);
+        row("--project two/truth.pto --output pano.jpg two", "takes the pictures from", 2);
+        row("--output pano.jpg", "there is no head", 2);
+        row("--record-in none.json --output pano.jpg", "none.json: cannot be opened", 1);
+        row("--record-in= --output pano.jpg", "--record-in wants a file", 2);
+    }
+    void refusals()
+    {
+        QFETCH(QString, arguments);
+        QFETCH(QString, cause);
+        QFETCH(int, exitCode);
+        const QStringList before = QDir(m_folder.path()).entryList();
+        const Run run = panohost(QStringLiteral("stitch ") + arguments);
+        QVERIFY2(run.err.contains(cause), qUtf8Printable(run.err));
+        QCOMPARE(run.exitCode, exitCode);
+        QCOMPARE(QDir(m_folder.path()).entryList(), before);
+    }
+
+    /// A tool that fails takes nothing with it; what was done before is not done again.
+    void toolsThatFail_data()
+    {
+        QTest::addColumn<QString>("tool");
+        QTest::addColumn<QByteArray>("script");
+        QTest::addColumn<QString>("problem");
+        QTest::addColumn<int>("layers");
+
+        const QByteArray fail = "echo 'out of luck' >&2; exit 7";
+        QTest::newRow("photometry") << "vig_optimize" << fail
+                                    << "vig_optimize failed with exit code 7: \"out of luck\"" << 0;
+        QTest::newRow("remapping")
+            << "nona" << fail << "nona failed with exit code 7: \"out of luck\"" << 0;
+        QTest::newRow("remapping writes nothing")
+            << "nona" << QByteArray("exit 0") << "nona ended with exit code 0, but did not write"
+            << 0;
+        QTest::newRow("blending writes a part and dies")
+            << "enblend"
+            << QByteArray("while [ \"$1\" != -o ]; do shift; done; echo part >\"$2\"; kill -9 $$")
+            << "enblend was ended by signal 9" << 2;
+    }
+    void toolsThatFail()
+    {
+        QFETCH(QString, tool);
+        QFETCH(QByteArray, script);
+        QFETCH(QString, problem);
+        QFETCH(int, layers);
+        const QString output = at(QStringLiteral("pano.jpg"));
+        writeFile(output, "what was there before");
+        const QString command
+            = QStringLiteral("stitch --project two/truth.pto --output pano.jpg --force");
+        const Run run = panohost(command, pathWith(tool, script));
+        QCOMPARE(run.exitCode, 1);
+        QVERIFY2(run.err.contains(problem)
+                && run.err.contains(at(QStringLiteral("pano.jpg.work/log.txt"))),
+            qUtf8Printable(run.err));
+        QCOMPARE(contentOf(output), QByteArray("what was there before"));
+        QCOMPARE(filesIn(QStringLiteral("pano.jpg.work"), QStringLiteral("done-layer-*")).size(),
+            layers);
+
+        // Whoever goes on needs only what is missing.
+        const bool isBlending = layers > 0;
+        const Run again = panohost(
+            command, isBlending ? pathWith(QStringLiteral("nona"), "exit 9") : QString());
+        QVERIFY2(again.exitCode == 0, qUtf8Printable(again.err));
+        QVERIFY(contentOf(output).startsWith("\xff\xd8"));
+        QVERIFY(!QFile::exists(at(QStringLiteral("pano.jpg.work"))));
+    }
+
+    void toolThatIsMissing()
+    {
+        const QString folder = at(QStringLiteral("bin"));
+        QDir(folder).removeRecursively();
+        QDir().mkpath(folder);
+        QFile::link(QStandardPaths::findExecutable(QStringLiteral("nona")),
+            folder + QStringLiteral("/nona"));
+        const Run run
+            = panohost(QStringLiteral("stitch --project two/truth.pto --output pano.jpg"), folder);
+        QCOMPARE(run.exitCode, 1);
+        QVERIFY2(run.err.contains(QStringLiteral("enblend and vig_optimize are missing")),
+            qUtf8Printable(run.err));
+        QVERIFY(!QFile::exists(at(QStringLiteral("pano.jpg.work"))));
+    }
+
+    void interruptions_data()
+    {
+        QTest::addColumn<QString>("tool");
+        QTest::addColumn<int>("signal");
+        for (const char *tool : {"vig_optimize", "nona", "enblend"}) {
+            for (const int signal : {SIGINT, SIGTERM, SIGKILL})
+                QTest::newRow(
+                    qPrintable(QStringLiteral("%1 %2").arg(QLatin1String(tool)).arg(signal)))
+                    << QString::fromLatin1(tool) << signal;
+        }
+    }
+    /// At whatever step it is ended, the tool ends too, nothing is lost, and it can go on.
+    void interruptions()
+    {
+        QFETCH(QString, tool);
+        QFETCH(int, signal);
+        const QString output = at(QStringLiteral("pano.jpg"));
+        writeFile(output, "what was there before");
+        const QStringList arguments
+            = words(QStringLiteral("stitch --project two/truth.pto --output pano.jpg --force"));
+        const QString mark = at(QStringLiteral("pano.mark"));
+        QProcess process;
+        prepare(process, pathWith(tool, "echo $$ >'" + mark.toUtf8() + "'; exec sleep 1000"));
+        process.start(QStringLiteral(PANOHOST), arguments);
+        QTRY_VERIFY_WITH_TIMEOUT(contentOf(mark).endsWith('\n'), 60'000);
+        ::kill(pid_t(process.processId()), signal);
+        QVERIFY(process.waitForFinished(60'000));
+        if (signal != SIGKILL) {
+            QCOMPARE(process.exitCode(), 1);
+            const QByteArray said = process.readAllStandardError();
+            QVERIFY2(
+                said.contains("interrupted; what is done so far is kept in "), said.constData());
+        }
+        const pid_t child = contentOf(mark).trimmed().toInt();
+        const auto isGone = [child] {
+            const QByteArray stat = contentOf(QStringLiteral("/proc/%1/stat").arg(child));
+            return stat.isEmpty() || stat.contains(") Z ");
+        };
+        QTRY_VERIFY(isGone());
+        QCOMPARE(contentOf(output), QByteArray("what was there before"));
+
+        const Run again = panohost(arguments.join(QLatin1Char(' ')));
+        QVERIFY2(again.exitCode == 0, qUtf8Printable(again.err));
+        QVERIFY(contentOf(output).startsWith("\xff\xd8"));
+        QVERIFY(!QFile::exists(at(QStringLiteral("pano.jpg.work"))));
+    }
+
+    void keptWork()
+    {
+        const QString command = QStringLiteral("stitch --project two/truth.pto --output pano.jpg "
+                                               "--force --keep --width 200");
+        QCOMPARE(panohost(command).exitCode, 0);
+        const QByteArray first = contentOf(at(QStringLiteral("pano.jpg")));
+        const QStringList layers
+            = filesIn(QStringLiteral("pano.jpg.work"), QStringLiteral("done-layer-*"));
+        QCOMPARE(layers.size(), 2);
+        // Neither of them is needed any more.
+        for (const char *tool : {"nona", "enblend", "vig_optimize"})
+            QCOMPARE(panohost(command, pathWith(QLatin1String(tool), "exit 9")).exitCode, 0);
+        QCOMPARE(contentOf(at(QStringLiteral("pano.jpg"))), first);
+        // Another size is remapped anew, and only that is kept.
+        QCOMPARE(panohost(command + QStringLiteral(" --width 180")).exitCode, 0);
+        const QStringList others
+            = filesIn(QStringLiteral("pano.jpg.work"), QStringLiteral("done-layer-*"));
+        QCOMPARE(others.size(), 2);
+        QVERIFY(others != layers);
+        QCOMPARE(
+            filesIn(QStringLiteral("pano.jpg.work"), QStringLiteral("done-blended-*")).size(), 1);
+        QCOMPARE(filesIn(QStringLiteral("pano.jpg.work"), QStringLiteral("part-*")), QStringList());
+    }
+
+private:
+    QTemporaryDir m_folder;
+};
+
+QTEST_GUILESS_MAIN(tst_StitchCommand)
+#include "tst_StitchCommand.moc"
