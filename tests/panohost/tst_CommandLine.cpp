@@ -163,7 +163,7 @@ private slots:
             QTest::newRow(arguments) << words(arguments) << QString::fromLatin1(cause);
         };
         row("heads all", "heads takes nothing");
-        row("stitch", "no command \"stitch\"");
+        row("weave", "no command \"weave\"");
         row("import", "no head is named");
         row("import merlin --output a.pto pics", "no head \"merlin\"");
 

@@ -130,17 +130,17 @@ private slots:
             if (QStandardPaths::findExecutable(QLatin1String(tool)).isEmpty())
                 QSKIP("Hugin's tools, enblend and enfuse are not installed");
         }
-        shoot(QStringLiteral("sphere"), QStringLiteral("--sphere --size 300x200"));
+        shoot(QStringLiteral("sphere"), QStringLiteral("--sphere --size 180x120"));
         shoot(QStringLiteral("brackets"),
             QStringLiteral("--format vrdrive2 --rows 1 --columns 6 --full-turn --brackets 3 "
-                           "--size 180x120"));
+                           "--size 90x60"));
         shoot(QStringLiteral("flat"),
-            QStringLiteral("--format gigapan --rows 3 --columns 3 --focal 100 --size 300x200"));
+            QStringLiteral("--format gigapan --rows 3 --columns 3 --focal 100 --size 180x120"));
         shoot(QStringLiteral("two"), QStringLiteral("--rows 1 --columns 2 --size 120x80"));
         QProcess process;
         process.start(QStringLiteral(MAKESHOOTING),
             {QStringLiteral("--scene"), at(QStringLiteral("scene.png")),
-                QStringLiteral("--scene-width"), QStringLiteral("800")});
+                QStringLiteral("--scene-width"), QStringLiteral("480")});
         QVERIFY(process.waitForFinished(120'000) && process.exitCode() == 0);
     }
 
@@ -156,14 +156,14 @@ private slots:
     void sphereLooksLikeTheScene()
     {
         const Run run = panohost(
-            QStringLiteral("stitch --project sphere/truth.pto --output pano.jpg --width 800"));
+            QStringLiteral("stitch --project sphere/truth.pto --output pano.jpg --width 480"));
         QVERIFY2(run.exitCode == 0, qUtf8Printable(run.err));
         QCOMPARE(run.out.section(QLatin1Char('\n'), -2),
-            QStringLiteral("pano.jpg: 800 x 400 pixels, equirectangular\n"));
+            QStringLiteral("pano.jpg: 480 x 240 pixels, equirectangular\n"));
         const QImage picture(at(QStringLiteral("pano.jpg")));
-        QCOMPARE(picture.size(), QSize(800, 400));
+        QCOMPARE(picture.size(), QSize(480, 240));
         const double decibels = likeness(picture, QImage(at(QStringLiteral("scene.png"))), 0);
-        QVERIFY2(decibels > 24, qPrintable(QString::number(decibels)));
+        QVERIFY2(decibels > 25, qPrintable(QString::number(decibels)));
         QCOMPARE(picture.colorSpace(), QColorSpace(QColorSpace::SRgb));
         QVERIFY(!QFile::exists(at(QStringLiteral("pano.jpg.work"))));
     }
@@ -231,10 +231,10 @@ private slots:
             << "equirectangular" << jpeg;
         QTest::newRow("fused, 16 bits")
             << "vrdrive2 --config brackets/shooting.xml --output-type tonemapped brackets --output "
-               "pano.tif --width 400"
-            << "400 x " << tiff;
+               "pano.tif --width 200 --no-photometric"
+            << "200 x " << tiff;
         QTest::newRow("radiance") << "vrdrive2 --config brackets/shooting.xml --output-type hdr "
-                                     "brackets --output pano.exr"
+                                     "brackets --no-photometric --output pano.exr"
                                   << "equirectangular" << exr;
         QTest::newRow("flat grid") << "gigapan --rows 3 --overlap 30 flat --output pano.jpg"
                                    << "rectilinear" << jpeg;
@@ -267,7 +267,7 @@ private slots:
             QStringLiteral("stitch --project flat/truth.pto --output pano.jpg --crop inside"));
         QVERIFY2(run.exitCode == 0, qUtf8Printable(run.err));
         const QImage picture(at(QStringLiteral("pano.jpg")));
-        QVERIFY(picture.width() > 500);
+        QVERIFY(picture.width() > 300);
         QCOMPARE(blackPart(picture), 0.0);
     }
 
