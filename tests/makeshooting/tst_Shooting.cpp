@@ -7,7 +7,6 @@
 #include "apps/makeshooting/Studio.h"
 #include "apps/makeshooting/Truth.h"
 #include "clauss/ClaussToSPP.h"
-#include "gigapan/GigapanToSPP.h"
 #include "papywizard/MerlinToSPP.h"
 
 #include <QDir>
@@ -24,8 +23,6 @@
 #include <exiv2/exiv2.hpp>
 
 using namespace makeshooting;
-
-Q_DECLARE_METATYPE(makeshooting::Order)
 
 namespace {
 
@@ -83,13 +80,8 @@ class TstShooting : public QObject {
     Q_OBJECT
 
 private slots:
-    void anglesSurviveTheirRotation();
-    void raysMeetTheirPixels_data();
-    void raysMeetTheirPixels();
     void sphereIsCovered_data();
     void sphereIsCovered();
-    void ordersFillTheGridAsTheImportReadsIt_data();
-    void ordersFillTheGridAsTheImportReadsIt();
     void headFileSaysWhatWasPlanned_data();
     void headFileSaysWhatWasPlanned();
     void givenFileIsFollowed_data();
@@ -108,58 +100,6 @@ private slots:
     void wrongUsageIsNamed();
     void programRefusesToMixShootings();
 };
-
-void TstShooting::anglesSurviveTheirRotation()
-{
-    QRandomGenerator random(1);
-    const auto angle = [&](double limit) { return (random.generateDouble() * 2 - 1) * limit; };
-    for (int i = 0; i < 2000; ++i) {
-        Angles angles{angle(720), angle(200), angle(400)};
-        if (i % 4 == 0)
-            angles.pitch = i % 8 == 0 ? 90 : -90;
-        const Rotation rotation = Rotation::fromAngles(angles);
-        const Angles normal = rotation.angles();
-        QVERIFY(std::abs(normal.pitch) <= 90 && std::abs(normal.yaw) <= 180
-            && std::abs(normal.roll) <= 180);
-        const Rotation again = Rotation::fromAngles(normal);
-        for (const double agreement : {dot(rotation.right, again.right), dot(rotation.up, again.up),
-                 dot(rotation.forward, again.forward)})
-            QVERIFY2(agreement > 1 - 1e-12, qPrintable(QString::number(agreement)));
-    }
-}
-
-void TstShooting::raysMeetTheirPixels_data()
-{
-    QTest::addColumn<QString>("arguments");
-    QTest::newRow("rectilinear") << "";
-    QTest::newRow("barrel") << "--distortion -0.05";
-    QTest::newRow("pincushion") << "--distortion 0.08 --size 301x517";
-    QTest::newRow("fisheye") << "--lens fisheye --focal 8";
-    QTest::newRow("bent fisheye")
-        << "--lens fisheye --focal 12 --distortion -0.05 --portrait pixels";
-}
-
-/// Forward, from direction to pixel, as opposed to the way in which pictures are rendered.
-void TstShooting::raysMeetTheirPixels()
-{
-    QFETCH(const QString, arguments);
-    const Camera camera = planned(arguments).camera;
-    for (double y = 0; y <= camera.size.height(); y += camera.size.height() / 7.0) {
-        for (double x = 0; x <= camera.size.width(); x += camera.size.width() / 9.0) {
-            const Vector ray = camera.ray(x, y);
-            QVERIFY(std::abs(dot(ray, ray) - 1) < 1e-12);
-            const double off = std::atan2(std::hypot(ray.x, ray.y), ray.z);
-            const double ideal
-                = camera.focal * (camera.lens == Lens::Fisheye ? off : std::tan(off));
-            const double q = ideal * 2 / std::min(camera.size.width(), camera.size.height());
-            const double seen = ideal * (camera.distortion * q * q + 1 - camera.distortion);
-            const double turn = std::atan2(ray.y, ray.x);
-            const double dx = camera.size.width() / 2.0 + seen * std::cos(turn) - x;
-            const double dy = camera.size.height() / 2.0 - seen * std::sin(turn) - y;
-            QVERIFY2(std::hypot(dx, dy) < 1e-4, qPrintable(QString::number(std::hypot(dx, dy))));
-        }
-    }
-}
 
 void TstShooting::sphereIsCovered_data()
 {
@@ -199,52 +139,6 @@ void TstShooting::sphereIsCovered()
             });
         QVERIFY2(seen, qPrintable(QStringLiteral("yaw %1, sine of pitch %2").arg(yaw).arg(height)));
     }
-}
-
-void TstShooting::ordersFillTheGridAsTheImportReadsIt_data()
-{
-    QTest::addColumn<QString>("order");
-    QTest::addColumn<int>("mode");
-    QTest::newRow("columns") << "columns" << 0;
-    QTest::newRow("rows downward") << "rows-down" << 1;
-    QTest::newRow("rows upward") << "rows-up" << 2;
-    QTest::newRow("columns to left") << "columns-left" << 3;
-    QTest::newRow("serpentine") << "serpentine-up" << 4;
-}
-
-void TstShooting::ordersFillTheGridAsTheImportReadsIt()
-{
-    QFETCH(const QString, order);
-    QFETCH(const int, mode);
-    const Shooting shooting = planned(
-        QStringLiteral(
-            "--format gigapan --rows 3 --columns 5 --brackets 2 --ignore 2 --leftover 1 --order ")
-        + order);
-    GigapanLayout layout;
-    layout.rows = 3;
-    layout.columns = 5;
-    layout.bracket = 2;
-    layout.ignore = 2;
-    layout.mode = mode;
-    QCOMPARE(shooting.pictures.size(), 2 + 3 * 5 * 2 + 1);
-    const auto at = [&](int row, int column) {
-        const int location = locationAt(layout, row, column);
-        const Picture &picture = shooting.pictures[2 + 2 * location];
-        if (picture.location != location || picture.bracket != 0)
-            qFatal("location %d holds another", location);
-        return picture;
-    };
-    for (int row = 0; row < 3; ++row) {
-        for (int column = 0; column < 5; ++column) {
-            QCOMPARE(at(row, column).nominalPitch, at(row, 0).nominalPitch);
-            QCOMPARE(at(row, column).nominalYaw, at(0, column).nominalYaw);
-            if (row > 0)
-                QVERIFY(at(row, column).nominalPitch < at(row - 1, column).nominalPitch - 5);
-            if (column > 0)
-                QVERIFY(at(row, column).nominalYaw > at(row, column - 1).nominalYaw + 5);
-        }
-    }
-    QVERIFY(headFile(shooting).name.isEmpty());
 }
 
 void TstShooting::headFileSaysWhatWasPlanned_data()
