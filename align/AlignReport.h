@@ -12,10 +12,10 @@
 struct AlignReport {
     /// Something that does not fit the head's word: a stumble of the head, or a wrong file.
     struct Suspect {
-        /// Full path of one picture, or of the two of a pair.
+        /// Full path of one picture, or of the two of a pair that overlaps and does not match.
         QStringList pictures;
-        /// In words that follow the names and a colon.
-        QString reason;
+        /// Of one picture: how far it is from where the head said.
+        double degrees = 0;
     };
 
     int pictures = 0;
@@ -44,6 +44,7 @@ struct AlignReport {
     QString toText() const;
     /// {"pictures": n, "joined": n, "held": ["name"], "residual_px": {"rms": x, "worst": x,
     /// "pair": ["a", "b"]}, "focal": mm, "distortion": b, "head_error_deg": {"rms": x, "worst": x},
-    /// "suspect": [{"pictures": ["name"], "reason": "..."}], "seconds": {"step": x}}
+    /// "suspect": [{"pictures": ["name"], "degrees": x}, {"pictures": ["a", "b"]}], "seconds":
+    /// {"step": x}}
     QByteArray toJson() const;
 };

@@ -295,6 +295,27 @@ PictureFacts readPictureFacts(const QString &path, Thumbnail thumbnail)
     return facts;
 }
 
+QByteArray embeddedPreview(const QString &path)
+{
+    setUpExiv2();
+    try {
+        const auto image = Exiv2::ImageFactory::open(QFile::encodeName(path).toStdString());
+        image->readMetadata();
+        const Exiv2::PreviewManager previews(*image);
+        // Sorted from small to large.
+        const Exiv2::PreviewPropertiesList list = previews.getPreviewProperties();
+        for (auto properties = list.rbegin(); properties != list.rend(); ++properties) {
+            if (properties->mimeType_ != "image/jpeg")
+                continue;
+            const Exiv2::PreviewImage preview = previews.getPreviewImage(*properties);
+            return toBytes(preview.pData(), static_cast<long>(preview.size()));
+        }
+    } catch (const std::exception &) {
+        // What exiv2 can make nothing of has no preview.
+    }
+    return {};
+}
+
 QImage uprightThumbnail(const PictureFacts &facts)
 {
     QImage image = QImage::fromData(facts.thumbnail);

@@ -48,6 +48,9 @@ enum class Thumbnail {
 /// time.
 PictureFacts readPictureFacts(const QString &path, Thumbnail thumbnail);
 
+/// The largest JPEG that the file at \a path, a RAW, carries; empty when there is none. Any thread.
+QByteArray embeddedPreview(const QString &path);
+
 /// The thumbnail of \a facts, upright and without the black bars that cameras put round pictures of
 /// another shape; null when there is none.
 QImage uprightThumbnail(const PictureFacts &facts);

@@ -3,6 +3,7 @@
 
 #include "apps/panohost/CommandLine.h"
 
+#include "apps/panohost/AlignCommand.h"
 #include "apps/panohost/ImportCommand.h"
 #include "apps/panohost/MapCommand.h"
 #include "apps/panohost/StitchCommand.h"
@@ -18,6 +19,7 @@ QString help()
                "panohost starts panorama projects from what a motorised head knows.\n\n"
                "  panohost [FILE...]        open the window, with these files\n"
                "  panohost import HEAD ...  make a project of a head's file and pictures\n"
+               "  panohost align HEAD ...   make one in which the pictures fit together\n"
                "  panohost stitch HEAD ...  make a finished panorama of them\n"
                "  panohost map RECORD ...   draw where a record's pictures lie\n"
                "  panohost heads            list the heads\n"
@@ -42,6 +44,7 @@ using Command = ExitCode (*)(const QStringList &arguments);
 const QHash<QString, Command> &commands()
 {
     static const QHash<QString, Command> commands{
+        {QStringLiteral("align"), runAlign},
         {QStringLiteral("import"), runImport},
         {QStringLiteral("map"), runMap},
         {QStringLiteral("stitch"), runStitch},
