@@ -111,6 +111,7 @@ private:
             });
         demand(number == 1, "the import does not ask for one place");
         const auto *map = m_window.findChild<MapView *>();
+        m_window.grab(); // What is drawn asks for the pictures it shows.
         demand(WindowDriver::waitFor([map] { return !map->isLoading(); }), "the map is not drawn");
         shoot(QStringLiteral("summary"));
         demand(m_driver.click(QStringLiteral("another")), "there is no way back");

@@ -139,6 +139,9 @@ void tst_InstalledPackage::holdsWhatBelongsThere()
         QDir(QStringLiteral(SOURCES "/host")).entryList(headers));
     for (const char *document : {"LICENSE", "hosting.md"})
         QVERIFY(!contentOf(installed("/" DOCDIR "/") + QLatin1String(document)).isEmpty());
+    const QByteArray entry = contentOf(installed("/share/applications/panohost.desktop"));
+    QVERIFY2(entry.contains("\nExec=panohost %F\nIcon=panohost\n"), entry.constData());
+    QVERIFY(!contentOf(installed("/share/icons/hicolor/scalable/apps/panohost.svg")).isEmpty());
     // For users there is one program; the tools of developers are for the asking.
     QCOMPARE(QDir(installed("/" BINDIR)).entryList(QDir::Files), {QStringLiteral("panohost")});
 }

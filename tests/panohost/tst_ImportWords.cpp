@@ -115,8 +115,8 @@ void tst_ImportWords::advises_data()
     bad.file.problem = QStringLiteral("No shots.");
     row("bad file", bad, Kind::Problem, "No shots.");
     ImportState refused = stateOf(12, 12, 12, 0, true);
-    refused.refused = QStringLiteral("a.txt");
-    row("another head's file", refused, Kind::Problem, "“a.txt”");
+    refused.refusal = QStringLiteral("Not that.");
+    row("something refused", refused, Kind::Problem, "Not that.");
 
     ImportState grid = stateOf(0, 0, 0, 0, false);
     grid.wantsFile = false;

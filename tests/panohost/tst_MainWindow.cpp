@@ -353,16 +353,20 @@ void tst_MainWindow::offersHeadsForFiles_data()
     row("capital suffix", "SHOOTING.XML", "“SHOOTING.XML” tells of 6 shots. Which", xml);
     row("with pictures", "001.jpg shooting.xml 002.jpg", "and 2 pictures come with it", xml);
     row("folder", "folder", "“inside.xml” tells of 3 shots, and 1 pictures", xml);
-    row("pictures", "001.jpg 002.jpg", "2 pictures without the file of a head", all);
+    row("pictures", "001.jpg 002.jpg", "Pictures without the file of a head: 2", all);
     row("preset list", "presets.xml", "“presets.xml” is a list of presets and holds no shots", all);
-    row("preset list and pictures", "presets.xml 001.jpg", "1 pictures without", all);
+    row("preset list and pictures", "presets.xml 001.jpg", "Pictures without the file of a head: 1",
+        all);
     row("no shots", "empty.xml", "“empty.xml” holds no shots", all);
     row("no XML", "garbage.xml", "“garbage.xml” is damaged or no shooting file. Line 1", all);
     row("cut short", "cut.xml", "“cut.xml” is damaged", all);
     row("empty file", "zero.xml", "“zero.xml” is damaged", all);
     row("a letter", "letter.txt", "“letter.txt” holds no shots", all);
     row("gone", "gone.xml", "There is no file “gone.xml”", all);
-    row("empty folder", "bare", "", all);
+    row("empty folder", "bare", "folder “bare” holds no pictures and no file of a head", all);
+    row("another kind of file", "manual.pdf", "“manual.pdf” is neither a picture nor", all);
+    row("a picture by another name", "picture", "Pictures without the file of a head: 1", all);
+    row("with what is of no use", "shooting.xml manual.pdf bare", "“shooting.xml” tells", xml);
     row("good after bad", "presets.xml shooting.xml", "“shooting.xml” tells of 6 shots", xml);
     row("bad after good", "shooting.xml presets.xml", "“shooting.xml” tells of 6 shots", xml);
 }
@@ -383,6 +387,8 @@ void tst_MainWindow::offersHeadsForFiles()
     writeFile(at("garbage.xml"), "BM\0\1\2");
     writeFile(at("cut.xml"), xml.left(xml.size() / 2));
     writeFile(at("zero.xml"), {});
+    writeFile(at("manual.pdf"), "%PDF-1.4\n");
+    QVERIFY(QFile::copy(at("001.jpg"), at("picture")));
     writeFile(at("letter.txt"), "Dear head,\nturn to the left.\n");
     for (const char *folder : {"bare", "folder"})
         QVERIFY(QDir(m_folder->path()).mkdir(QLatin1String(folder)));
@@ -424,6 +430,10 @@ void tst_MainWindow::opensTheOnlyHead()
     QVERIFY(m_driver->page());
     QCOMPARE(m_driver->page()->property("configFile").toString(), at("SCRIPT.TXT"));
     QVERIFY(m_driver->waitForPictures());
+    // What leads on is in sight on the smallest screen, and the link above the page not in focus.
+    m_window->resize(640, 480);
+    QTRY_VERIFY(!m_driver->button(QStringLiteral("Import"))->visibleRegion().isEmpty());
+    QVERIFY(!qobject_cast<QLabel *>(m_window->focusWidget()));
 }
 
 void tst_MainWindow::namesUnreadablePictures()
@@ -518,8 +528,11 @@ void tst_MainWindow::asksForMissingPictures()
     writeFile(at("script.txt"), claussScript(6));
     QVERIFY(m_driver->drop({at("script.txt")}, m_driver->page()));
     QTRY_VERIFY2(says("“script.txt” is no file of this head"), qPrintable(advice()));
+    writeFile(at("manual.pdf"), "%PDF-1.4\n");
+    QVERIFY(m_driver->drop({at("manual.pdf")}));
+    QTRY_VERIFY2(says("“manual.pdf” is neither a picture nor"), qPrintable(advice()));
     QCOMPARE(m_driver->page()->property("images").toStringList().size(), 6);
-    QVERIFY(m_driver->drop({at("shooting.xml")}));
+    QVERIFY(m_driver->drop({at("shooting.xml"), at("manual.pdf")}));
     QTRY_VERIFY2(says("All 6 pictures are read."), qPrintable(advice()));
 }
 

@@ -15,9 +15,22 @@
 
 namespace {
 
+struct DropTexts {
+    Q_DECLARE_TR_FUNCTIONS(DroppedFiles)
+};
+
+/// By its name, else by what is in it. One that is gone is told of as a picture that cannot be
+/// read.
+bool isPicture(const QString &path)
+{
+    return isPictureName(path) || !QFileInfo::exists(path)
+        || readPictureFacts(path, Thumbnail::Skip).readable;
+}
+
 void takeFolder(const QString &path, DroppedFiles &files)
 {
     const QDir folder(path);
+    const int before = files.heads.size() + files.pictures.size();
     const QStringList names = folder.entryList(QDir::Files, QDir::Name);
     for (const QString &name : names) {
         const QString file = folder.filePath(name);
@@ -31,6 +44,9 @@ void takeFolder(const QString &path, DroppedFiles &files)
                 files.heads.append(head);
         }
     }
+    if (files.heads.size() + files.pictures.size() == before)
+        files.refusal = DropTexts::tr("The folder “%1” holds no pictures and no file of a head.")
+                            .arg(folder.dirName());
 }
 
 } // namespace
@@ -63,8 +79,11 @@ DroppedFiles sortOut(const QStringList &paths)
             takeFolder(path, files);
         else if (const HeadFileFormat format = headFileFormat(path); format != HeadFileFormat::None)
             files.heads.append(readHeadFile(path, format));
-        else
+        else if (isPicture(path))
             files.pictures.append(path);
+        else
+            files.refusal = DropTexts::tr("“%1” is neither a picture nor the file of a head.")
+                                .arg(QFileInfo(path).fileName());
     }
     return files;
 }

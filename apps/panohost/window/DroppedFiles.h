@@ -16,8 +16,10 @@ class QWidget;
 struct DroppedFiles {
     /// Heads' files, good ones and bad.
     QVector<HeadFile> heads;
-    /// All others, in the order dropped, those of a folder sorted by name.
+    /// In the order dropped, those of a folder sorted by name.
     QStringList pictures;
+    /// Why the last thing that is neither was left out, a sentence; empty when there is none.
+    QString refusal;
 
     bool isEmpty() const { return heads.isEmpty() && pictures.isEmpty(); }
     /// The last head's file that is of use; null when there is none.

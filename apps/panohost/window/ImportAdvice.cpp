@@ -36,9 +36,8 @@ ImportAdvice adviceFor(const ImportState &state)
 {
     using Kind = ImportAdvice::Kind;
     const HeadFile &file = state.file;
-    if (!state.refused.isEmpty())
-        return {Kind::Problem,
-            AdviceTexts::tr("“%1” is no file of this head and was left out.").arg(state.refused)};
+    if (!state.refusal.isEmpty())
+        return {Kind::Problem, state.refusal};
     if (state.wantsFile && !file.path.isEmpty() && !file.problem.isEmpty())
         return {Kind::Problem, file.problem};
     if (state.wantsFile && file.path.isEmpty() && state.pictures == 0)

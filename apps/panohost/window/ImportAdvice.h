@@ -11,8 +11,8 @@ struct ImportState {
     bool wantsFile = false;
     /// The page's file; its path is empty while none is chosen.
     HeadFile file;
-    /// Name of a file that was dropped last and is none of this head's; empty as a rule.
-    QString refused;
+    /// Why what was dropped last was left out, a sentence; empty as a rule.
+    QString refusal;
     int pictures = 0;
     int read = 0;
     int unreadable = 0;

@@ -11,7 +11,9 @@
 #include <QCheckBox>
 #include <QDropEvent>
 #include <QDynamicPropertyChangeEvent>
+#include <QHBoxLayout>
 #include <QInputDialog>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLocale>
 #include <QMessageBox>
@@ -43,6 +45,10 @@ public:
             QWizard::reject();
     }
 
+protected:
+    /// A dialog would keep to itself what it has no button for.
+    void keyPressEvent(QKeyEvent *event) override { event->ignore(); }
+
 private:
     std::function<bool()> m_accept;
     std::function<bool()> m_mayLeave;
@@ -71,24 +77,24 @@ ImportView::ImportView(
     , m_page(import.page())
     , m_wizard(new ImportWizard([this] { return accept(); }, [this] { return mayLeave(); }))
     , m_bar(new ImportBar)
+    , m_finishButton(new QPushButton(tr("&Import")))
 {
     m_clock.start();
     m_wizard->setWindowFlags(Qt::Widget);
     m_wizard->setWizardStyle(QWizard::ModernStyle);
-    m_wizard->setOption(QWizard::NoBackButtonOnStartPage);
-    m_wizard->setButtonText(QWizard::FinishButton, tr("&Import"));
-    m_wizard->setButtonText(QWizard::CancelButton, tr("&Back to the heads"));
+    m_wizard->setButtonLayout({});
     m_wizard->addPage(m_page);
 
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(m_bar);
     addOptions(*layout);
-    // The pages are taller than many a laptop's screen.
+    // The pages are taller than many a laptop's screen; what leads on stays in sight.
     auto *scroll = new QScrollArea;
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setWidgetResizable(true);
     scroll->setWidget(m_wizard);
     layout->addWidget(scroll, 1);
+    addButtons(*layout);
 
     m_page->installEventFilter(this);
     connect(m_wizard, &QDialog::finished, this, &ImportView::closed);
@@ -96,10 +102,15 @@ ImportView::ImportView(
     connect(m_bar, &ImportBar::retried, this, [this] { startOver(m_pictures); });
     connect(&m_host, &HostApplication::projectImported, this, &ImportView::takeRecord);
     connect(&m_host, &HostApplication::pictureUnreadable, this, &ImportView::noteUnreadable);
-    connect(m_page, &QWizardPage::completeChanged, this, &ImportView::scheduleUpdate);
+    connect(m_page, &QWizardPage::completeChanged, this, [this] {
+        m_finishButton->setEnabled(m_page->isComplete());
+        scheduleUpdate();
+    });
     m_state.wantsFile = m_import.format() != HeadFileFormat::None;
     updateState();
     m_wizard->show();
+    // Else the wizard gives the focus to the link above the page, which then looks as if chosen.
+    setFocusPolicy(Qt::StrongFocus);
 }
 
 ImportView::~ImportView()
@@ -120,6 +131,21 @@ void ImportView::giveBack()
     m_page->setProperty("fullAngles", QVariant());
     QMetaObject::invokeMethod(m_page, "Reset");
     m_page = nullptr;
+}
+
+void ImportView::addButtons(QVBoxLayout &layout)
+{
+    m_finishButton->setDefault(true);
+    m_finishButton->setEnabled(m_page->isComplete());
+    auto *back = new QPushButton(tr("&Back to the heads"));
+    connect(m_finishButton, &QPushButton::clicked, this,
+        [this] { m_wizard->button(QWizard::FinishButton)->click(); });
+    connect(back, &QPushButton::clicked, m_wizard, &QWizard::reject);
+    auto *buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    buttons->addWidget(m_finishButton);
+    buttons->addWidget(back);
+    layout.addLayout(buttons);
 }
 
 void ImportView::addOptions(QVBoxLayout &layout)
@@ -149,7 +175,8 @@ void ImportView::takeFiles(const QStringList &paths)
 {
     const DroppedFiles dropped = sortOut(paths);
     QStringList files = dropped.pictures;
-    m_state.refused.clear();
+    // What comes along with files of use is passed over.
+    m_state.refusal = dropped.isEmpty() ? dropped.refusal : QString();
     m_readFile = {};
     for (const HeadFile &head : dropped.heads) {
         // A bad one is handed on as well: the page and the bar say what is wrong with it.
@@ -157,7 +184,7 @@ void ImportView::takeFiles(const QStringList &paths)
             files.append(head.path);
             m_readFile = head;
         } else {
-            m_state.refused = head.name();
+            m_state.refusal = tr("“%1” is no file of this head and was left out.").arg(head.name());
         }
     }
     hand(files);
@@ -173,6 +200,16 @@ void ImportView::hand(const QStringList &files)
     m_isHanding = true;
     dropOn(m_page, files);
     m_isHanding = false;
+}
+
+void ImportView::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        m_finishButton->click();
+    else if (event->matches(QKeySequence::Cancel))
+        m_wizard->reject();
+    else
+        QWidget::keyPressEvent(event);
 }
 
 bool ImportView::eventFilter(QObject *watched, QEvent *event)

@@ -17,6 +17,7 @@ class HeadImport;
 class HostApplication;
 class ImportBar;
 class QCheckBox;
+class QPushButton;
 class QVBoxLayout;
 class QWizard;
 class QWizardPage;
@@ -44,10 +45,12 @@ signals:
     void closed();
 
 protected:
+    void keyPressEvent(QKeyEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void addOptions(QVBoxLayout &layout);
+    void addButtons(QVBoxLayout &layout);
     void hand(const QStringList &files);
     void watchPictures();
     void noteUnreadable(const QString &path, const QString &reason);
@@ -68,6 +71,7 @@ private:
     QWizardPage *m_page;
     QWizard *m_wizard;
     ImportBar *m_bar;
+    QPushButton *m_finishButton;
     QCheckBox *m_fullAngles = nullptr;
 
     ImportState m_state;

@@ -21,6 +21,7 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
+#include <QScreen>
 #include <QSettings>
 #include <QStackedWidget>
 #include <QWizardPage>
@@ -74,7 +75,7 @@ MainWindow::MainWindow(HostApplication &host, const HeadModule &module)
     });
     connect(m_summary, &SummaryPage::anotherWanted, this, &MainWindow::showStart);
 
-    resize(kFirstSize);
+    resize(kFirstSize.boundedTo(screen()->availableSize()));
     restoreGeometry(QSettings().value(kGeometry).toByteArray());
     showStart();
 }
@@ -108,10 +109,10 @@ void MainWindow::takeFiles(const QStringList &paths)
 void MainWindow::offer(const QStringList &paths)
 {
     const DroppedFiles files = sortOut(paths);
-    if (files.isEmpty() || m_module.imports().empty())
+    if (paths.isEmpty() || m_module.imports().empty())
         return;
     showStart();
-    m_waiting = paths;
+    m_waiting = files.isEmpty() ? QStringList() : paths;
 
     const HeadFile *shooting = files.shooting();
     const auto &imports = m_module.imports();
@@ -135,10 +136,13 @@ void MainWindow::offer(const QStringList &paths)
     } else {
         if (!files.heads.isEmpty())
             sentence = files.heads.last().problem + QLatin1Char('\n');
+        else if (files.isEmpty())
+            sentence = files.refusal;
         if (!files.pictures.isEmpty()) {
-            sentence += tr("%1 pictures without the file of a head. A Gigapan grid needs none; for "
-                           "another head choose it here and add its file then.")
-                            .arg(pictures);
+            sentence
+                += tr("Pictures without the file of a head: %1. A Gigapan grid needs none; for "
+                      "another head choose it here and add its file then.")
+                       .arg(pictures);
             std::stable_sort(suitable.begin(), suitable.end(), [&imports](int a, int b) {
                 return imports[a].format() == HeadFileFormat::None
                     && imports[b].format() != HeadFileFormat::None;
@@ -166,6 +170,7 @@ void MainWindow::openImport(int head)
     connect(m_import, &ImportView::closed, this, &MainWindow::closeImport);
     m_pages->addWidget(m_import);
     m_pages->setCurrentWidget(m_import);
+    m_import->setFocus();
     setWindowTitle(
         tr("%1 import — %2").arg(import.about().GetName(), QCoreApplication::applicationName()));
     m_import->takeFiles(m_waiting);
