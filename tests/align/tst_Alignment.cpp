@@ -8,15 +8,14 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QJsonDocument>
-#include <QJsonObject>
+#include <QImage>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
 namespace {
 
-const char kSphere[] = "--sphere --focal 14 --overlap 40 --size 360x240";
+const char kSphere[] = "--sphere --focal 12 --overlap 40 --size 330x220";
 const char kRow[] = "--rows 2 --columns 7 --full-turn --focal 16 --size 360x240";
 const char kErrors[] = " --head-error 0.3 --focal-error 1 --distortion -0.01";
 
@@ -25,15 +24,20 @@ QStringList words(const QString &text)
     return text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
 }
 
-Alignment aligned(const ProjectRecord &record, const AlignOptions &options = {})
+PictureTable tableOf(const ProjectRecord &record)
 {
     PictureTable pictures;
     for (const QStringList &stack : record.groups) {
         for (const QString &path : stack)
             pictures.insert(path, readPictureFacts(path, Thumbnail::Skip));
     }
+    return pictures;
+}
+
+Alignment aligned(const ProjectRecord &record, const AlignOptions &options = {})
+{
     QString problem;
-    auto alignment = alignRecord(record, pictures, options, {}, &problem);
+    auto alignment = alignRecord(record, tableOf(record), options, {}, &problem);
     if (!alignment)
         qWarning("%s", qUtf8Printable(problem));
     return alignment.value_or(Alignment());
@@ -47,14 +51,11 @@ QStringList names(const QStringList &paths)
     return result;
 }
 
-/// The pairs of pictures that points join, as "a-b", each once.
-[[maybe_unused]] QStringList pairsOf(const PtoProject &project)
+/// The project that an import makes of \a record.
+QByteArray recordedText(const ProjectRecord &record)
 {
-    QStringList pairs;
-    for (const ControlPoint &point : project.points)
-        pairs.append(QStringLiteral("%1-%2").arg(point.first).arg(point.second));
-    pairs.removeDuplicates();
-    return pairs;
+    QString problem;
+    return projectText(*projectOf(record, tableOf(record), &problem), {});
 }
 
 } // namespace
@@ -104,6 +105,38 @@ class tst_Alignment : public QObject {
             return {};
         }
         return recordFromJson(file.readAll(), &problem).value_or(ProjectRecord());
+    }
+
+    QString stacks()
+    {
+        return shooting(
+            QLatin1String(kRow) + QLatin1String(kErrors) + QStringLiteral(" --brackets 3"));
+    }
+
+    /// A folder with the files of \a folder, to be changed.
+    QString copied(const QString &folder)
+    {
+        const QString copy = m_folder.filePath(QStringLiteral("copy%1").arg(++m_shootings));
+        QDir().mkpath(copy);
+        const QStringList files = QDir(folder).entryList(QDir::Files);
+        for (const QString &name : files)
+            QFile::copy(folder + QLatin1Char('/') + name, copy + QLatin1Char('/') + name);
+        return copy;
+    }
+
+    /// Puts a sign into the picture at \a path, somewhere else for each \a number.
+    static void paint(const QString &path, int number)
+    {
+        QImage image(path);
+        for (int y = 0; y < 40; ++y) {
+            for (int x = 0; x < 40; ++x) {
+                const bool isDark = (x / 9 + y / 9) % 2 == 0 || (x * y) % 17 < 5;
+                for (int copy = 0; copy < 3; ++copy)
+                    image.setPixelColor(60 + 100 * copy + number % 5 + x, 100 + number % 4 + y,
+                        isDark ? Qt::black : Qt::white);
+            }
+        }
+        image.save(path, "JPG", 95);
     }
 
 private slots:
@@ -205,6 +238,307 @@ private slots:
             headsWord.autoDetection = false;
             QVERIFY(error.worst <= alignError(aligned(headsWord).project, truth).worst);
         }
+    }
+
+    void whatIsMatched_data()
+    {
+        QTest::addColumn<int>("stackLinking");
+        QTest::addColumn<int>("levelLinking");
+        QTest::addColumn<int>("outputType");
+        // Places in their stacks, as first and second picture of pairs between stacks and inside.
+        QTest::addColumn<QString>("between");
+        QTest::addColumn<QString>("inside");
+        const auto row = [](const char *name, int stack, int level, int output, const char *between,
+                             const char *inside) {
+            QTest::newRow(name) << stack << level << output << QString::fromLatin1(between)
+                                << QString::fromLatin1(inside);
+        };
+        row("the reference", 0, 0, 0, "11", "");
+        row("the reference that the import put first, tonemapped", 0, 0, 2, "00", "");
+        row("the reference that the import put first, radiance", 0, 0, 3, "00", "");
+        row("points inside", 1, 0, 0, "11", "01 12");
+        row("all levels", 1, 1, 0, "00 11 22", "01 12");
+        row("all levels of one place", 0, 1, 0, "00 11 22", "");
+    }
+    void whatIsMatched()
+    {
+        QFETCH(int, stackLinking);
+        QFETCH(int, levelLinking);
+        QFETCH(int, outputType);
+        ProjectRecord record = imported(stacks(), QStringLiteral("papywizard"));
+        record.stackLinking = stackLinking;
+        record.levelLinking = levelLinking;
+        record.outputType = outputType;
+        const PtoProject project = aligned(record).project;
+
+        QStringList between;
+        QStringList inside;
+        for (const ControlPoint &point : project.points) {
+            const int places[] = {point.first, point.second};
+            QVERIFY(places[0] < places[1]);
+            const bool isInside = places[0] / 3 == places[1] / 3;
+            (isInside ? inside : between)
+                .append(QStringLiteral("%1%2").arg(places[0] % 3).arg(places[1] % 3));
+        }
+        for (QStringList *list : {&between, &inside}) {
+            list->removeDuplicates();
+            list->sort();
+        }
+        QTEST(between.join(QLatin1Char(' ')), "between");
+        QTEST(inside.join(QLatin1Char(' ')), "inside");
+
+        // One place for a stack, or each picture its own.
+        for (int i = 0; i < project.pictures.size(); ++i) {
+            const Placement &first = project.pictures.at(i - i % 3).place;
+            const Placement &place = project.pictures.at(i).place;
+            QCOMPARE(i % 3 == 0 || place.yaw != first.yaw, i % 3 == 0 || stackLinking == 1);
+        }
+        QVERIFY(alignError(project, ShootingTruth::of(stacks())).rms < 0.02);
+    }
+
+    void links()
+    {
+        ProjectRecord record = imported(stacks(), QStringLiteral("papywizard"));
+        record.stackLinking = 0;
+        const auto locations = [](const PtoProject &project) {
+            QSet<QPair<int, int>> pairs;
+            for (const ControlPoint &point : project.points)
+                pairs.insert({point.first / 3, point.second / 3});
+            return pairs;
+        };
+        QSet<QPair<int, int>> linked;
+        for (const ProjectLink &link : qAsConst(record.links))
+            linked.insert(
+                {qMin(link.indices[0], link.indices[1]), qMax(link.indices[0], link.indices[1])});
+        const QSet<QPair<int, int>> found = locations(aligned(record).project);
+        QVERIFY(linked.contains(found));
+        QVERIFY(found.size() < linked.size());
+
+        // A chain, a link to nowhere, and one that leads round.
+        record.links = {{2, {0, 1}}, {2, {1, 2}}, {2, {2, 200}}, {1, {-1, 1}}, {0, {3, 3}}};
+        QCOMPARE(locations(aligned(record).project), (QSet<QPair<int, int>>{{0, 1}, {1, 2}}));
+        record.links.clear();
+        const Alignment nothing = aligned(record);
+        QVERIFY(nothing.project.points.isEmpty());
+        QCOMPARE(nothing.report.joined, 0);
+    }
+
+    void undetected()
+    {
+        ProjectRecord record = imported(stacks(), QStringLiteral("papywizard"));
+        record.autoDetection = false;
+        const Alignment alignment = aligned(record);
+        QCOMPARE(projectText(alignment.project, {}), recordedText(record));
+        QCOMPARE(alignment.report.joined, 0);
+        QCOMPARE(alignment.report.held.size(), alignment.report.pictures);
+    }
+
+    void unoptimised()
+    {
+        ProjectRecord record = imported(stacks(), QStringLiteral("papywizard"));
+        record.skipOptimization = true;
+        PtoProject project = aligned(record).project;
+        QVERIFY(project.points.size() > 500);
+        project.points.clear();
+        QCOMPARE(projectText(project, {}), recordedText(record));
+    }
+
+    void unguided()
+    {
+        // What the head says of a picture matters only for those that show nothing.
+        const QString folder = shooting(
+            QLatin1String(kSphere) + QLatin1String(kErrors) + QStringLiteral(" --sky 20"));
+        ProjectRecord record = imported(folder, QStringLiteral("papywizard"));
+        record.guidedOptimization = false;
+        const Alignment straight = aligned(record);
+        for (int i = 0; i < record.yaws.size(); ++i)
+            record.yaws[i] += (i % 2 == 0 ? 0.01F : -0.01F) * float(i % 3);
+        const Alignment shaken = aligned(record);
+        const QStringList held = names(shaken.report.held);
+        QCOMPARE(names(straight.report.held), held);
+        const ShootingTruth truth = ShootingTruth::of(folder);
+        QVERIFY(alignError(straight.project, truth, held).rms < 0.05);
+        QVERIFY(alignError(shaken.project, truth, held).rms < 0.05);
+
+        // The whole stays where the head said it was.
+        align::TurnFit fit;
+        QString problem;
+        const PtoProject recorded = *projectOf(record, tableOf(record), &problem);
+        for (int i = 0; i < recorded.pictures.size(); ++i) {
+            if (!shaken.report.held.contains(recorded.pictures.at(i).path))
+                fit.add(align::rotationOf(recorded.pictures.at(i).place),
+                    align::rotationOf(shaken.project.pictures.at(i).place));
+        }
+        QVERIFY(align::angleOf(fit.turn()) < 1e-4);
+    }
+
+    void wrongMatches()
+    {
+        // A sign that somebody carried from one picture to the next.
+        const QString folder = copied(stacks());
+        for (int i = 2; i <= 20; i += 3) {
+            const QString path
+                = folder + QStringLiteral("/IMG_%1.jpg").arg(i, 4, 10, QLatin1Char('0'));
+            paint(path, i);
+        }
+        ProjectRecord record = imported(folder, QStringLiteral("papywizard"));
+        record.cleanLinks = false;
+        const Alignment all = aligned(record);
+        record.cleanLinks = true;
+        const Alignment cleaned = aligned(record);
+        QVERIFY(cleaned.project.points.size() < all.project.points.size());
+        QVERIFY2(cleaned.report.residualWorst < 0.5 * all.report.residualWorst,
+            qPrintable(QStringLiteral("%1 of %2")
+                           .arg(cleaned.report.residualWorst)
+                           .arg(all.report.residualWorst)));
+        QVERIFY(alignError(cleaned.project, ShootingTruth::of(folder)).rms < 0.02);
+    }
+
+    void focals()
+    {
+        // The pictures' own where the record has none; found in either case.
+        ProjectRecord record = imported(stacks(), QStringLiteral("papywizard"));
+        const double focal = ShootingTruth::of(stacks()).focal;
+        record.focal = 0;
+        const AlignReport own = aligned(record).report;
+        record.focal = 17;
+        const AlignReport given = aligned(record).report;
+        QCOMPARE(own.recordedFocal, 16.0);
+        QCOMPARE(given.recordedFocal, 17.0);
+        QVERIFY(qAbs(own.focal - focal) < 0.05);
+        QVERIFY(qAbs(given.focal - focal) < 0.05);
+    }
+
+    void rolls()
+    {
+        // Turned by somebody who threw the tags away.
+        const QString folder = copied(stacks());
+        const QStringList pictures
+            = QDir(folder).entryList({QStringLiteral("*.jpg")}, QDir::Files, QDir::Name);
+        for (const QString &name : pictures) {
+            const QString path = folder + QLatin1Char('/') + name;
+            const QImage turned = QImage(path).transformed(QTransform().rotate(90));
+            QVERIFY(QFile::remove(path) && turned.save(path, "JPG", 95));
+        }
+        const ProjectRecord record
+            = imported(folder, QStringLiteral("papywizard --rotate 270 --focal 16"));
+        QVERIFY(!record.rolls.isEmpty());
+        const Alignment alignment = aligned(record);
+        QCOMPARE(alignment.report.joined, alignment.report.pictures);
+        // The truth is that of the pictures as they were: 90 degrees of roll apart.
+        PtoProject project = alignment.project;
+        for (PtoProject::Picture &picture : project.pictures) {
+            const align::Rotation upright
+                = align::rotationOf(picture.place) * align::rotationOf({0, 0, 90});
+            picture.place = align::placementOf(upright);
+        }
+        QVERIFY(alignError(project, ShootingTruth::of(folder)).rms < 0.03);
+    }
+
+    void orders_data()
+    {
+        QTest::addColumn<QString>("order");
+        for (const char *order : {"columns", "rows-down", "rows-up", "columns-left"})
+            QTest::newRow(order) << QString::fromLatin1(order);
+    }
+    void orders()
+    {
+        QFETCH(QString, order);
+        const QString folder = shooting(
+            QStringLiteral("--format gigapan --rows 2 --columns 3 --focal 24 --size 360x240 "
+                           "--overlap 40 --head-error 0.2 --order ")
+            + order);
+        const Alignment alignment = aligned(imported(folder,
+            QStringLiteral("gigapan --rows 2 --overlap 40 --clean-links --order ") + order));
+        QCOMPARE(alignment.report.joined, 6);
+        QVERIFY(alignError(alignment.project, ShootingTruth::of(folder)).rms < 0.03);
+    }
+
+    void strangePictures()
+    {
+        // One of them is of elsewhere: the others are not led astray, and it is named.
+        const QString folder = copied(shooting(QLatin1String(kRow) + QLatin1String(kErrors)));
+        const QString wrong = folder + QStringLiteral("/IMG_0005.jpg");
+        const QString elsewhere
+            = shooting(QStringLiteral("--rows 1 --columns 1 --focal 16 --size 360x240 --seed 77"));
+        QVERIFY(QFile::remove(wrong));
+        QVERIFY(QFile::copy(elsewhere + QStringLiteral("/IMG_0001.jpg"), wrong));
+        const ProjectRecord record = imported(folder, QStringLiteral("papywizard"));
+        const Alignment alignment = aligned(record);
+        const QStringList name{QStringLiteral("IMG_0005.jpg")};
+        QCOMPARE(names(alignment.report.held), name);
+        QVERIFY(!alignment.report.suspects.isEmpty());
+        for (const AlignReport::Suspect &suspect : alignment.report.suspects)
+            QVERIFY(names(suspect.pictures).contains(name.first()));
+        const ShootingTruth truth = ShootingTruth::of(folder);
+        QVERIFY(alignError(alignment.project, truth, name).rms < 0.02);
+        // In between its neighbours, where the head put it.
+        QVERIFY(alignError(alignment.project, truth).worst < 1.5);
+    }
+
+    void nothingMatches_data()
+    {
+        QTest::addColumn<bool>("guided");
+        QTest::newRow("guided") << true;
+        QTest::newRow("not guided") << false;
+    }
+    void nothingMatches()
+    {
+        QFETCH(bool, guided);
+        const QString folder = copied(stacks());
+        const QStringList pictures
+            = QDir(folder).entryList({QStringLiteral("*.jpg")}, QDir::Files, QDir::Name);
+        quint32 random = 1;
+        for (const QString &name : pictures) {
+            QImage noise(360, 240, QImage::Format_Grayscale8);
+            for (int y = 0; y < noise.height(); ++y) {
+                for (int x = 0; x < noise.width(); ++x) {
+                    random = random * 1664525 + 1013904223;
+                    noise.scanLine(y)[x] = uchar(random >> 24);
+                }
+            }
+            QVERIFY(noise.save(folder + QLatin1Char('/') + name, "JPG", 95));
+        }
+        ProjectRecord record
+            = imported(folder, QStringLiteral("papywizard --focal 16 --lens standard"));
+        record.guidedOptimization = guided;
+        const Alignment alignment = aligned(record);
+        QCOMPARE(alignment.report.joined, 0);
+        QCOMPARE(alignment.report.held.size(), alignment.report.pictures);
+        QVERIFY(alignment.project.points.isEmpty());
+        QCOMPARE(projectText(alignment.project, {}), recordedText(record));
+    }
+
+    void cancelled()
+    {
+        const ProjectRecord record = imported(stacks(), QStringLiteral("papywizard"));
+        const PictureTable pictures = tableOf(record);
+        int calls = 0;
+        int limit = 1'000'000;
+        QStringList steps;
+        const auto progress = [&](const QString &step, int, int) {
+            if (!steps.contains(step))
+                steps.append(step);
+            return ++calls < limit;
+        };
+        QString problem;
+        QVERIFY(alignRecord(record, pictures, {}, progress, &problem));
+        QVERIFY(steps.size() >= 2);
+        for (const int part : {1, calls / 2, calls}) {
+            limit = part;
+            calls = 0;
+            problem = QStringLiteral("?");
+            QVERIFY(!alignRecord(record, pictures, {}, progress, &problem));
+            QCOMPARE(calls, part);
+            QCOMPARE(problem, QString());
+        }
+    }
+
+    void refused()
+    {
+        QString problem;
+        QVERIFY(!alignRecord({}, {}, {}, {}, &problem));
+        QCOMPARE(problem, QStringLiteral("there is no picture"));
     }
 };
 
