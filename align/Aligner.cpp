@@ -8,6 +8,10 @@
 
 #include <opencv2/core/utility.hpp>
 
+#include <QCryptographicHash>
+#include <QDataStream>
+#include <QDateTime>
+#include <QFileInfo>
 #include <algorithm>
 #include <cmath>
 #include <numeric>
@@ -39,6 +43,9 @@ constexpr double kDistant = 40;
 /// Working pixels beyond which all of a pair is wrong, and how many times the middle distance.
 constexpr double kWrong = 3;
 constexpr double kWrongTimes = 6;
+/// To be raised when matches are found in another way: what is kept of earlier runs is then not
+/// used.
+constexpr int kMethods = 1;
 /// How often failed pairs are tried again.
 constexpr int kRounds = 2;
 /// Degrees from the head's word beyond which a picture is doubtful.
@@ -67,6 +74,7 @@ Aligner::Aligner(const ProjectRecord &record, const PictureTable &pictures, PtoP
     , m_options(options)
     , m_progress(progress)
     , m_project(std::move(project))
+    , m_cache(options.cacheFolder, options.fresh)
     , m_isGrid(record.yaws.isEmpty())
     , m_isGuided(record.guidedOptimization || record.yaws.isEmpty())
 {
@@ -154,6 +162,8 @@ bool Aligner::run()
             return false;
     }
     settle();
+    if (!m_options.keep)
+        m_cache.remove();
     return true;
 }
 
@@ -211,8 +221,72 @@ Agreement Aligner::agreementOf(const PicturePair &pair, const std::vector<Match>
         static_cast<std::uint32_t>(pair.first * 7919 + pair.second));
 }
 
-bool Aligner::trackPairs(const Places &places, const QString &step)
+QByteArray Aligner::keyOf(const PicturePair &pair, const char *method) const
 {
+    if (m_options.cacheFolder.isEmpty())
+        return {};
+    QByteArray text;
+    QDataStream stream(&text, QIODevice::WriteOnly);
+    stream << kMethods << QByteArray(method) << m_isGrid;
+    for (const int picture : {pair.first, pair.second}) {
+        const PtoProject::Picture &entry = m_project.pictures.at(picture);
+        const QFileInfo file(entry.path);
+        const Lens &lens = m_lenses[at(m_lensOf[at(picture)])];
+        stream << file.fileName() << file.size() << file.lastModified().toMSecsSinceEpoch()
+               << entry.lens.size << lens.focal << lens.distortion << lens.fisheye;
+    }
+    const Rotation turn = m_rotations[at(pair.first)].transpose() * m_rotations[at(pair.second)];
+    for (const double value : turn.reshaped())
+        stream << value;
+    return QCryptographicHash::hash(text, QCryptographicHash::Md5);
+}
+
+Aligner::Places Aligner::uncached(const Places &pairs, const char *method)
+{
+    if (m_options.cacheFolder.isEmpty())
+        return pairs;
+    Places rest;
+    for (const int place : pairs) {
+        PicturePair &pair = m_pairs[at(place)];
+        const QByteArray value = m_cache.value(keyOf(pair, method));
+        if (value.isEmpty()) {
+            rest.push_back(place);
+            continue;
+        }
+        QDataStream stream(value);
+        quint32 count = 0;
+        stream >> pair.corners >> pair.distance;
+        for (double &element : pair.turn.reshaped())
+            stream >> element;
+        stream >> count;
+        pair.matches.clear();
+        for (quint32 i = 0; i < count && stream.status() == QDataStream::Ok; ++i) {
+            Match match;
+            stream >> match.inFirst.x >> match.inFirst.y >> match.inSecond.x >> match.inSecond.y
+                >> match.weight;
+            pair.matches.push_back(match);
+        }
+    }
+    return rest;
+}
+
+void Aligner::keep(const PicturePair &pair, const QByteArray &key)
+{
+    QByteArray value;
+    QDataStream stream(&value, QIODevice::WriteOnly);
+    stream << pair.corners << pair.distance;
+    for (const double element : pair.turn.reshaped())
+        stream << element;
+    stream << static_cast<quint32>(pair.matches.size());
+    for (const Match &match : pair.matches)
+        stream << match.inFirst.x << match.inFirst.y << match.inSecond.x << match.inSecond.y
+               << match.weight;
+    m_cache.insert(key, value);
+}
+
+bool Aligner::trackPairs(const Places &wanted, const QString &step)
+{
+    const Places places = uncached(wanted, "track");
     std::vector<QPair<int, int>> pairs;
     for (const int place : places)
         pairs.emplace_back(m_pairs[at(place)].first, m_pairs[at(place)].second);
@@ -226,6 +300,7 @@ bool Aligner::trackPairs(const Places &places, const QString &step)
     int done = 0;
     const auto visit = [&](int place, const WorkingPicture &first, const WorkingPicture &second) {
         PicturePair &pair = m_pairs[at(places[at(place)])];
+        const QByteArray key = keyOf(pair, "track");
         if (!first.isNull() && !second.isNull()) {
             const Lens lens = lensOf(pair.first);
             const Tracked tracked = track({&first, lens, m_rotations[at(pair.first)]},
@@ -243,6 +318,7 @@ bool Aligner::trackPairs(const Places &places, const QString &step)
                 }
             }
         }
+        keep(pair, key);
         return tell(step, ++done, static_cast<int>(places.size()));
     };
     const bool isDone = visitPairs<WorkingPicture>(pairs, read, visit);
@@ -250,9 +326,10 @@ bool Aligner::trackPairs(const Places &places, const QString &step)
     return isDone;
 }
 
-bool Aligner::searchPairs(const Places &places)
+bool Aligner::searchPairs(const Places &wanted)
 {
     const QString step = QStringLiteral("searching");
+    const Places places = uncached(wanted, "search");
     std::vector<QPair<int, int>> pairs;
     for (const int place : places)
         pairs.emplace_back(m_pairs[at(place)].first, m_pairs[at(place)].second);
@@ -262,6 +339,7 @@ bool Aligner::searchPairs(const Places &places)
     int done = 0;
     const auto visit = [&](int place, const Features &first, const Features &second) {
         PicturePair &pair = m_pairs[at(places[at(place)])];
+        const QByteArray key = keyOf(pair, "search");
         const Lens lens = lensOf(pair.first);
         // Of a grid only the order is sure.
         const double gate
@@ -278,6 +356,7 @@ bool Aligner::searchPairs(const Places &places)
             for (const int i : agreement.agreeing)
                 pair.matches.push_back(matches[at(i)]);
         }
+        keep(pair, key);
         return tell(step, ++done, static_cast<int>(places.size()));
     };
     const bool isDone = visitPairs<Features>(pairs, readFeatures, visit);

@@ -7,6 +7,7 @@
 #include "align/Alignment.h"
 #include "align/Features.h"
 #include "align/LocationPairs.h"
+#include "align/MatchCache.h"
 #include "align/Tracking.h"
 
 #include <QElapsedTimer>
@@ -51,6 +52,11 @@ private:
     int referenceOf(int location) const;
 
     bool matchAll();
+    /// What makes the match of \a pair by \a method what it is.
+    QByteArray keyOf(const PicturePair &pair, const char *method) const;
+    /// Takes what earlier runs found; the others are left.
+    Places uncached(const Places &pairs, const char *method);
+    void keep(const PicturePair &pair, const QByteArray &key);
     bool trackPairs(const Places &pairs, const QString &step);
     bool searchPairs(const Places &pairs);
     bool solve(bool isLast);
@@ -94,6 +100,7 @@ private:
     std::vector<int> m_starts;
     std::vector<PicturePair> m_pairs;
 
+    MatchCache m_cache;
     bool m_isGrid = false;
     bool m_isGuided = true;
     QVector<QPair<QString, double>> m_seconds;

@@ -281,9 +281,6 @@ ExitCode goOnFrom(
         console::complain(QStringLiteral("%1: %2").arg(path, problem));
         return ExitCode::Failed;
     }
-    if (focal)
-        record->focal = float(*focal);
-
     PictureList pictures;
     for (const QStringList &stack : qAsConst(record->groups))
         pictures.paths += stack;
@@ -291,7 +288,17 @@ ExitCode goOnFrom(
         return ExitCode::Failed;
     QStringList problems;
     readPictures(&pictures, &problems);
-    return isClear(problems) ? command.run(*record, pictures.table()) : ExitCode::Failed;
+    if (!isClear(problems))
+        return ExitCode::Failed;
+    if (focal && !pictures.facts.isEmpty()) {
+        // A record without a focal length leaves the lens to the pictures, too.
+        ImportOptions options;
+        options.focal = focal;
+        if (record->focal > 0)
+            options.lensType = record->lensType;
+        takeFocal(pictures, options, &*record);
+    }
+    return command.run(*record, pictures.table());
 }
 
 ExitCode runOnRecord(HeadCommand &command, const QStringList &arguments)

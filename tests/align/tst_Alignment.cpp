@@ -5,6 +5,7 @@
 #include "align/RecordJson.h"
 #include "tests/align/ShootingTruth.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -532,6 +533,72 @@ private slots:
             QCOMPARE(calls, part);
             QCOMPARE(problem, QString());
         }
+    }
+
+    void interrupted()
+    {
+        const QString folder = copied(stacks());
+        const ProjectRecord record = imported(folder, QStringLiteral("papywizard"));
+        const PictureTable pictures = tableOf(record);
+        AlignOptions options;
+        options.cacheFolder = folder + QStringLiteral("/a.pto.matches");
+        const QString cache = options.cacheFolder + QStringLiteral("/matches");
+        // Pairs that had to be matched, and the project.
+        const auto run = [&](int cancelAfter, QByteArray *text) {
+            int matched = 0;
+            const auto progress = [&](const QString &step, int, int) {
+                matched += step == QLatin1String("matching");
+                return matched != cancelAfter;
+            };
+            QString problem;
+            const auto alignment = alignRecord(record, pictures, options, progress, &problem);
+            *text = alignment ? projectText(alignment->project, {}) : QByteArray();
+            return matched;
+        };
+        QByteArray whole;
+        const int all = run(-1, &whole);
+        QVERIFY(all > 10);
+        QVERIFY(!QFileInfo::exists(options.cacheFolder));
+
+        QByteArray text;
+        QCOMPARE(run(8, &text), 8);
+        QVERIFY(text.isEmpty());
+        options.keep = true;
+        QCOMPARE(run(-1, &text), all - 8);
+        QCOMPARE(text, whole);
+        QCOMPARE(run(-1, &text), 0);
+        QCOMPARE(text, whole);
+
+        // Half of the last entry is lost, and one picture is a new one: what it is part of is done
+        // again.
+        QFile file(cache);
+        QVERIFY(file.open(QIODevice::ReadWrite) && file.resize(file.size() - 5));
+        file.close();
+        QCOMPARE(run(-1, &text), 1);
+        QCOMPARE(text, whole);
+        QFile picture(record.groups[0][1]);
+        QVERIFY(picture.open(QIODevice::ReadWrite));
+        QVERIFY(picture.setFileTime(
+            QDateTime::currentDateTime().addSecs(-100), QFileDevice::FileModificationTime));
+        picture.close();
+        const int again = run(-1, &text);
+        QVERIFY(again > 0 && again < 6);
+        QCOMPARE(text, whole);
+
+        // No cache at all, or not ours.
+        options.fresh = true;
+        QCOMPARE(run(-1, &text), all);
+        options.fresh = false;
+        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        file.write(QByteArray(5000, '\x7f'));
+        file.close();
+        options.keep = false;
+        QCOMPARE(run(-1, &text), all);
+        QCOMPARE(text, whole);
+        QVERIFY(!QFileInfo::exists(options.cacheFolder));
+        options.cacheFolder = QStringLiteral("/proc/nowhere");
+        QCOMPARE(run(-1, &text), all);
+        QCOMPARE(text, whole);
     }
 
     void refused()
