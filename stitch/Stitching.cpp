@@ -15,6 +15,7 @@
 #include <QThread>
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace {
 
@@ -108,7 +109,7 @@ public:
         reckon();
         const bool well = m_wishes.preview ? preview()
                                            : (!m_wishes.photometric || evenOut()) && remap()
-                && mergeStacks() && blend() && finish();
+                && mergeStacks() && blend() && writeWeb() && finish();
         m_result.done = well;
         return m_result;
     }
@@ -124,7 +125,8 @@ private:
         m_share[1] = layers;
         m_share[2] = m_rendering == Rendering::Plain ? 0 : kFusingWork * layers;
         m_share[3] = kBlendingWork * areaOf(m_frame.crop);
-        m_whole = m_share[0] + m_share[1] + m_share[2] + m_share[3];
+        m_share[4] = m_wishes.web.path.isEmpty() ? 0 : areaOf(m_frame.crop);
+        m_whole = std::accumulate(std::begin(m_share), std::end(m_share), 0.0);
     }
 
     /// Tells that \a part of the step is done; false when the user has had enough.
@@ -411,6 +413,34 @@ private:
             && finish();
     }
 
+    bool writeWeb()
+    {
+        if (m_wishes.web.path.isEmpty())
+            return true;
+        m_step = 4;
+        QString shown = m_blended;
+        if (m_format != Format::Jpeg) {
+            shown = m_folder.finished("shown", m_blended.toUtf8(), ".jpg");
+            const QString result = m_folder.unfinished(shown);
+            // Of a single picture enblend makes a copy with another depth.
+            if (!m_folder.has(shown)
+                && !run({{QStringLiteral("enblend"),
+                            {QStringLiteral("-d8"), QStringLiteral("--compression=") + kJpegQuality,
+                                QStringLiteral("-o"), result, QStringLiteral("--"), m_blended},
+                            result}},
+                    [&](int) { return WorkFolder::finish(result, shown); }))
+                return false;
+        }
+        WebFolder folder = m_wishes.web;
+        folder.jobs = m_jobs;
+        bool isCancelled = false;
+        const auto progress
+            = [this](const QString &, int done, int count) { return tell(double(done) / count); };
+        m_result.problem = writeWebFolder(folder, shown, m_frame,
+            QFileInfo(m_wishes.output).completeBaseName(), progress, &isCancelled);
+        return m_result.problem.isEmpty() && !isCancelled;
+    }
+
     /// Gives the panorama its tags and its name.
     bool finish()
     {
@@ -450,10 +480,25 @@ private:
     int m_step = 0;
     double m_part = 0;
     int m_loaded = 0;
-    double m_share[4] = {};
+    double m_share[5] = {};
     double m_whole = 1;
     Stitched m_result;
 };
+
+/// Why there can be no web folder; empty when there can, or none is wanted.
+QString webMisfit(Rendering rendering, const Frame &frame, const StitchWishes &wishes)
+{
+    if (wishes.web.path.isEmpty())
+        return {};
+    if (rendering == Rendering::Radiance)
+        return QStringLiteral("%1: browsers do not show radiance").arg(wishes.web.path);
+    if (wishes.preview)
+        return QStringLiteral("%1: a preview has no web folder").arg(wishes.web.path);
+    if (frame.projection != Projection::Equirectangular)
+        return QStringLiteral("%1: only an equirectangular panorama can be turned")
+            .arg(wishes.web.path);
+    return webObstacle(wishes.web);
+}
 
 /// Why the output's name does not fit what comes out.
 QString nameMisfit(Rendering rendering, const StitchWishes &wishes)
@@ -512,7 +557,10 @@ QString stitchObstacle(const PtoProject &project, const StitchWishes &wishes)
     if (!problem.isEmpty())
         return problem;
     const auto frame = frameOf(project, wishes.frame, &problem);
-    if (!frame || wishes.preview)
+    if (!frame)
+        return problem;
+    problem = webMisfit(rendering, *frame, wishes);
+    if (!problem.isEmpty() || wishes.preview)
         return problem;
     const Format format = formatOf(wishes.output);
     const int longest = std::max(frame->crop.width(), frame->crop.height());

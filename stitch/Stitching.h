@@ -7,6 +7,7 @@
 #include "stitch/Frame.h"
 #include "stitch/Need.h"
 #include "stitch/PtoReader.h"
+#include "stitch/WebFolder.h"
 #include "stitch/WorkFolder.h"
 
 #include <optional>
@@ -18,6 +19,9 @@ struct StitchWishes {
     FrameWishes frame;
     /// Even out vignetting and differences of exposure.
     bool photometric = true;
+    /// A folder that shows the panorama in a browser, for what is equirectangular and no radiance;
+    /// its path is empty when none is wanted.
+    WebFolder web;
     /// A small picture within seconds: not blended, and of each stack only the reference.
     bool preview = false;
     /// Bytes; 0: what is available.

@@ -8,6 +8,7 @@
 #include "apps/panohost/ProgressLine.h"
 #include "stitch/Panorama.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <algorithm>
@@ -32,6 +33,7 @@ public:
                 "all that is covered (default), the largest part without a hole, or the canvas"},
             {"no-photometric", nullptr, "leave vignetting and differences of exposure"},
             {"preview", nullptr, "1500 pixels within seconds, not blended"},
+            {"web", "DIR", "write a folder that shows the panorama in any browser, too"},
             {"report", "FILE.txt|json", "where the alignment's report is written, too"},
             {"memory", "GB", "refuse what needs more memory, instead of what is available"},
             {"keep", nullptr, "keep the work folder, PANO.jpg.work, to go on from"},
@@ -58,6 +60,12 @@ public:
         if (const auto choice = reader.choice("crop",
                 {QStringLiteral("covered"), QStringLiteral("inside"), QStringLiteral("full")}))
             m_wishes.frame.crop = static_cast<Crop>(*choice);
+        m_wishes.web.path = reader.text("web");
+        m_wishes.web.force = reader.isSet("force");
+        if (reader.isSet("web") && m_wishes.web.path.isEmpty())
+            reader.refuse(QStringLiteral("--web wants a folder"));
+        if (!m_wishes.web.path.isEmpty() && !m_wishes.frame.projection)
+            m_wishes.frame.projection = Projection::Equirectangular;
         m_wishes.photometric = !reader.isSet("no-photometric");
         m_wishes.preview = reader.isSet("preview");
         m_wishes.keep = reader.isSet("keep");
@@ -120,6 +128,9 @@ private:
                            .arg(frame.crop.width())
                            .arg(frame.crop.height())
                            .arg(projections[static_cast<int>(frame.projection)]));
+        if (!m_wishes.web.path.isEmpty())
+            console::print(QStringLiteral("%1/index.html: shows it in a browser\n")
+                               .arg(QDir::cleanPath(m_wishes.web.path)));
         if (m_report.isEmpty())
             return ExitCode::Done;
         const bool isJson = m_report.endsWith(QLatin1String(".json"), Qt::CaseInsensitive);
