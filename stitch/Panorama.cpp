@@ -3,6 +3,7 @@
 
 #include "stitch/Panorama.h"
 
+#include "align/Alignment.h"
 #include "align/OutputFile.h"
 #include "align/PtoProject.h"
 #include "align/RecordJson.h"
@@ -23,7 +24,6 @@ QByteArray contentOf(const QString &path)
 std::optional<ReadProject> aligned(const ProjectRecord &record, const PictureTable &pictures,
     WorkFolder &folder, const Progress &progress, Panorama *panorama)
 {
-    Q_UNUSED(progress)
     QByteArray recipe = recordToJson(record);
     for (const QStringList &stack : record.groups) {
         for (const QString &path : stack)
@@ -33,10 +33,15 @@ std::optional<ReadProject> aligned(const ProjectRecord &record, const PictureTab
     const QString report = folder.finished("report", recipe, ".txt");
     const QString reportJson = folder.finished("report", recipe, ".json");
     if (!folder.has(project)) {
-        const auto placed = projectOf(record, pictures, &panorama->problem);
-        if (!placed)
+        AlignOptions options;
+        options.cacheFolder = folder.file(QStringLiteral("matches"));
+        const auto alignment = alignRecord(record, pictures, options, progress, &panorama->problem);
+        if (!alignment)
             return std::nullopt;
-        panorama->problem = writeWhole({{project, projectText(*placed, folder.path())}});
+        // The project last: where it is, the reports are.
+        panorama->problem = writeWhole({{report, alignment->report.toText().toUtf8()},
+            {reportJson, alignment->report.toJson()},
+            {project, projectText(alignment->project, folder.path())}});
         if (!panorama->problem.isEmpty())
             return std::nullopt;
     }
