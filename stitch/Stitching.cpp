@@ -344,10 +344,12 @@ private:
         }
         const QRect &crop = m_frame.crop;
         // Seams in the middle of overlaps. enblend's usual way, by graph cut, leaves black holes
-        // where rows meet, and optimising seams takes ten times as long as all the rest.
+        // where rows meet, and so do its coarse masks, which it takes for large pictures;
+        // optimising seams takes ten times as long as all the rest.
         QStringList arguments{QStringLiteral("-v"),
             QStringLiteral("--primary-seam-generator=nearest-feature-transform"),
-            QStringLiteral("--no-optimize"), QStringLiteral("--pre-assemble"), QStringLiteral("-f"),
+            QStringLiteral("--fine-mask"), QStringLiteral("--no-optimize"),
+            QStringLiteral("--pre-assemble"), QStringLiteral("-f"),
             QStringLiteral("%1x%2+%3+%4")
                 .arg(crop.width())
                 .arg(crop.height())
