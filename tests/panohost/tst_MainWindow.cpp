@@ -117,6 +117,8 @@ private slots:
     void leavesImports();
     void worksByKeyboard();
     void opensWhatItWrote();
+    void finishesWhatItImported();
+    void keepsProjectsThatWereChanged();
     void remembers();
     void saysWhatModuleIsMissing_data();
     void saysWhatModuleIsMissing();
@@ -815,6 +817,101 @@ void tst_MainWindow::opensWhatItWrote()
     QCOMPARE(m_urls.size(), 2);
     qputenv("PATH", path);
     QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
+}
+
+void tst_MainWindow::finishesWhatItImported()
+{
+    // The head is a degree off, so an aligned project is another than what was imported.
+    QProcess makeshooting;
+    makeshooting.start(QStringLiteral(MAKESHOOTING),
+        QString(QStringLiteral("--rows 1 --columns 3 --size 450x300 --focal 28 --head-error 1"))
+                .split(QLatin1Char(' '))
+            + QStringList{QStringLiteral("--output"), at("shooting")});
+    QVERIFY(makeshooting.waitForFinished() && makeshooting.exitCode() == 0);
+    QVERIFY(m_driver->drop({at("shooting")}));
+    QVERIFY(m_driver->click(QStringLiteral("Papywizard")));
+    QVERIFY(m_driver->waitForPictures());
+    import(at("shooting/x.pto"));
+    const QByteArray imported = fileContent(at("shooting/x.pto"));
+    const auto *report = m_window->findChild<QLabel *>(QStringLiteral("report"));
+    const auto isDone = [this] {
+        const QAbstractButton *align = m_driver->button(QStringLiteral("align"));
+        return align && align->isEnabled();
+    };
+    // Cancelled before it has begun: nothing is written, and nothing else is to be had meanwhile.
+    QVERIFY(m_driver->click(QStringLiteral("align")));
+    QVERIFY(!m_driver->button(QStringLiteral("another"))->isEnabled());
+    QVERIFY(!m_driver->button(QStringLiteral("panorama"))->isEnabled());
+    QVERIFY(!m_driver->drop({at("shooting")}));
+    QVERIFY(m_driver->click(QStringLiteral("cancelTask")));
+    QVERIFY(WindowDriver::waitFor(isDone));
+    QVERIFY2(report->text().startsWith(QLatin1String("Cancelled")), qPrintable(report->text()));
+    QCOMPARE(fileContent(at("shooting/x.pto")), imported);
+
+    QVERIFY(m_driver->click(QStringLiteral("align")));
+    QVERIFY(WindowDriver::waitFor(isDone));
+    QVERIFY2(report->text().startsWith(QLatin1String("3 pictures, 3 joined")),
+        qPrintable(report->text()));
+    const QByteArray aligned = fileContent(at("shooting/x.pto"));
+    QVERIFY(!imported.contains("\nc n0") && aligned.contains("\nc n0"));
+
+    // Never over a picture of the shooting.
+    const QStringList places{at("shooting/IMG_0001.jpg"), at("shooting/pano.jpg")};
+    const QByteArray picture = fileContent(places[0]);
+    int asked = 0;
+    int complaints = 0;
+    WindowDriver::withDialogs([this] { QVERIFY(m_driver->click(QStringLiteral("panorama"))); },
+        [&](QWidget *dialog, int) {
+            if (auto *files = qobject_cast<QFileDialog *>(dialog)) {
+                files->setOption(QFileDialog::DontConfirmOverwrite);
+                files->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))
+                    ->setText(places.value(asked++));
+                static_cast<QDialog *>(files)->accept();
+            } else {
+                ++complaints;
+            }
+        });
+    QCOMPARE(asked, 2);
+    QCOMPARE(complaints, 1);
+    QVERIFY(WindowDriver::waitFor(isDone));
+    const QImage panorama(at("shooting/pano.jpg"));
+    QVERIFY2(panorama.width() > 600, qPrintable(report->text()));
+    QVERIFY2(report->text().contains(QStringLiteral("pano.jpg: %1 × %2 pixels")
+                                         .arg(QLocale().toString(panorama.width()),
+                                             QLocale().toString(panorama.height()))),
+        qPrintable(report->text()));
+    QVERIFY(m_window->findChild<QWidget *>(QStringLiteral("panoramaPicture"))->isVisible());
+    QCOMPARE(fileContent(at("shooting/x.pto")), aligned);
+
+    QCOMPARE(fileContent(places[0]), picture);
+    QVERIFY(m_driver->click(QStringLiteral("another")));
+}
+
+void tst_MainWindow::keepsProjectsThatWereChanged()
+{
+    makePictures(3);
+    writeFile(at("shooting.xml"), shootingXml(3, 1, 24));
+    QVERIFY(m_driver->drop({m_folder->path()}));
+    QVERIFY(m_driver->click(QStringLiteral("Papywizard")));
+    QVERIFY(m_driver->waitForPictures());
+    import(at("x.pto"));
+    writeFile(at("x.pto"), "gone on with");
+    QString question;
+    QCOMPARE(WindowDriver::withDialogs([this] { m_driver->click(QStringLiteral("align")); },
+                 [&question](QWidget *dialog, int) {
+                     question = static_cast<QMessageBox *>(dialog)->text();
+                     static_cast<QMessageBox *>(dialog)->defaultButton()->click();
+                 }),
+        1);
+    QVERIFY2(question.contains(QStringLiteral("“x.pto” has been changed")), qPrintable(question));
+    QVERIFY(m_driver->button(QStringLiteral("align"))->isEnabled());
+    QCOMPARE(fileContent(at("x.pto")), QByteArray("gone on with"));
+
+    // Closing the window ends what is under way.
+    QVERIFY(QFile::remove(at("x.pto")));
+    QVERIFY(m_driver->click(QStringLiteral("align")));
+    close();
+    open();
 }
 
 void tst_MainWindow::remembers()

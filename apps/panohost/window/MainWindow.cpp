@@ -100,6 +100,8 @@ void MainWindow::showStart()
 
 void MainWindow::takeFiles(const QStringList &paths)
 {
+    if (m_summary->isBusy())
+        return;
     if (m_import)
         m_import->takeFiles(paths);
     else
@@ -241,6 +243,7 @@ bool MainWindow::finishImport(const ProjectRecord &record, const HeadFile &file)
     const OutputGuard guard(inputs, true);
     const PictureTable pictures = m_host.pictures();
     QString place;
+    QByteArray text;
     while (true) {
         place = askPlace(projectBeside(file, record));
         if (place.isEmpty())
@@ -252,9 +255,8 @@ bool MainWindow::finishImport(const ProjectRecord &record, const HeadFile &file)
         }
         QApplication::setOverrideCursor(Qt::WaitCursor);
         const auto project = projectOf(record, pictures, &problem);
-        const QString failure = project
-            ? writeWhole({{place, projectText(*project, QFileInfo(place).absolutePath())}})
-            : QString();
+        text = project ? projectText(*project, QFileInfo(place).absolutePath()) : QByteArray();
+        const QString failure = project ? writeWhole({{place, text}}) : QString();
         QApplication::restoreOverrideCursor();
         if (!project) {
             complain(tr("The project cannot be made: %1.").arg(problem));
@@ -265,7 +267,7 @@ bool MainWindow::finishImport(const ProjectRecord &record, const HeadFile &file)
         complain(tr("The project could not be written: %1.").arg(failure));
     }
 
-    m_summary->show(place, figuresOf(record, pictures, file));
+    m_summary->show({place, text, record, pictures}, figuresOf(record, pictures, file));
     std::optional<PictureFacts> first;
     if (const auto facts = pictures.constFind(record.groups.first().value(0));
         facts != pictures.constEnd())
@@ -284,7 +286,7 @@ void MainWindow::closeEvent(QCloseEvent *event)
 
 void MainWindow::dragEnterEvent(QDragEnterEvent *event)
 {
-    if (!localPaths(*event->mimeData()).isEmpty())
+    if (!m_summary->isBusy() && !localPaths(*event->mimeData()).isEmpty())
         event->acceptProposedAction();
 }
 

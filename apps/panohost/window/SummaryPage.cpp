@@ -12,18 +12,47 @@
 #include <QFormLayout>
 #include <QLabel>
 #include <QMessageBox>
+#include <QPainter>
 #include <QProcess>
 #include <QPushButton>
 #include <QStandardPaths>
+#include <QTabWidget>
 #include <QUrl>
 #include <QVBoxLayout>
+
+/// Shows a picture as large as there is room.
+class PictureView final : public QWidget {
+public:
+    void setPicture(const QImage &picture)
+    {
+        m_picture = QPixmap::fromImage(picture);
+        update();
+    }
+    QSize sizeHint() const override { return {400, 200}; }
+
+protected:
+    void paintEvent(QPaintEvent * /*event*/) override
+    {
+        QRect place({}, m_picture.size().scaled(size(), Qt::KeepAspectRatio));
+        place.moveCenter(rect().center());
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.drawPixmap(place, m_picture);
+    }
+
+private:
+    QPixmap m_picture;
+};
 
 SummaryPage::SummaryPage(QWidget *parent)
     : QWidget(parent)
     , m_title(new QLabel)
     , m_path(new QLabel)
     , m_figures(new QFormLayout)
+    , m_views(new QTabWidget)
     , m_map(new MapView)
+    , m_picture(new PictureView)
+    , m_finishing(new FinishingPane)
 {
     QFont font = m_title->font();
     font.setPointSizeF(font.pointSizeF() * 1.6);
@@ -48,25 +77,38 @@ SummaryPage::SummaryPage(QWidget *parent)
     connect(folder, &QPushButton::clicked, this, &SummaryPage::showFolder);
     connect(another, &QPushButton::clicked, this, &SummaryPage::anotherWanted);
     auto *buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    for (QPushButton *button : {open, folder, another}) {
+    for (QPushButton *button :
+        {m_finishing->alignButton(), m_finishing->panoramaButton(), open, folder, another}) {
         button->setAutoDefault(true); // Enter takes it.
         buttons->addWidget(button);
+        if (button == m_finishing->panoramaButton())
+            buttons->addStretch(1);
     }
+    connect(m_finishing, &FinishingPane::busyChanged, another, &QWidget::setDisabled);
+    connect(m_finishing, &FinishingPane::panoramaMade, this, &SummaryPage::showPanorama);
+    m_picture->setObjectName(QStringLiteral("panoramaPicture"));
+    m_picture->setParent(m_views);
+    m_picture->hide();
+    m_views->setDocumentMode(true);
+    m_views->setTabBarAutoHide(true);
+    m_views->addTab(m_map, tr("Map"));
 
     auto *layout = new QVBoxLayout(this);
     layout->setSpacing(10);
     layout->addWidget(m_title);
     layout->addWidget(m_path);
     layout->addLayout(m_figures);
-    layout->addWidget(m_map, 1);
+    layout->addWidget(m_views, 1);
+    layout->addWidget(m_finishing);
     layout->addLayout(buttons);
 }
 
-void SummaryPage::show(const QString &project, const QVector<RecordFigure> &figures)
+void SummaryPage::show(const WrittenImport &import, const QVector<RecordFigure> &figures)
 {
-    m_project = project;
-    const QFileInfo info(project);
+    m_project = import.project;
+    m_finishing->setImport(import);
+    m_views->removeTab(m_views->indexOf(m_picture));
+    const QFileInfo info(m_project);
     m_title->setText(tr("“%1” is ready").arg(info.fileName()));
     m_path->setText(QDir::toNativeSeparators(info.absoluteFilePath()));
     while (m_figures->rowCount() > 0)
@@ -96,6 +138,16 @@ void SummaryPage::openProject()
         tr("Hugin was not found on this computer. Install it (on Debian: the package “hugin”), "
            "then open the project with it:\n%1")
             .arg(QDir::toNativeSeparators(m_project)));
+}
+
+void SummaryPage::showPanorama(const QString &path, const QImage &picture)
+{
+    m_views->removeTab(m_views->indexOf(m_picture));
+    if (picture.isNull())
+        return;
+    m_picture->setPicture(picture);
+    m_views->addTab(m_picture, QFileInfo(path).fileName());
+    m_views->setCurrentWidget(m_picture);
 }
 
 void SummaryPage::showFolder()

@@ -3,13 +3,16 @@
 
 #pragma once
 
+#include "apps/panohost/window/FinishingPane.h"
 #include "apps/panohost/window/RecordFigures.h"
 
 #include <QWidget>
 
 class MapView;
+class PictureView;
 class QFormLayout;
 class QLabel;
+class QTabWidget;
 
 /// What came of an import, and what can be done with it.
 class SummaryPage final : public QWidget {
@@ -17,9 +20,10 @@ class SummaryPage final : public QWidget {
 public:
     explicit SummaryPage(QWidget *parent = nullptr);
 
-    /// \a project is the path that was written.
-    void show(const QString &project, const QVector<RecordFigure> &figures);
+    void show(const WrittenImport &import, const QVector<RecordFigure> &figures);
     MapView &map() { return *m_map; }
+    /// Whether it is working on the import; it must not be shown another meanwhile.
+    bool isBusy() const { return m_finishing->isBusy(); }
 
 signals:
     void anotherWanted();
@@ -30,11 +34,15 @@ protected:
 private:
     void openProject();
     void showFolder();
+    void showPanorama(const QString &path, const QImage &picture);
 
     QString m_project;
     QLabel *m_title;
     QLabel *m_path;
     QFormLayout *m_figures;
+    QTabWidget *m_views;
     MapView *m_map;
+    PictureView *m_picture;
+    FinishingPane *m_finishing;
     QWidget *m_first;
 };

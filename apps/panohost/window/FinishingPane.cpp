@@ -1,0 +1,277 @@
+// SPDX-FileCopyrightText: 2026 The ZPanoHead authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "apps/panohost/window/FinishingPane.h"
+
+#include "align/Alignment.h"
+#include "align/OutputFile.h"
+#include "stitch/Panorama.h"
+#include "stitch/Script.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QImageReader>
+#include <QLabel>
+#include <QLocale>
+#include <QMessageBox>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+struct FinishingPane::Outcome {
+    /// A sentence, for people; none when all went well or was cancelled.
+    QString problem;
+    bool done = false;
+    /// As it was before, or as found.
+    std::optional<Aligned> aligned;
+    QString report;
+    /// What the project's file holds now; empty when it was not written.
+    QByteArray text;
+    /// The panorama's; empty when none was made.
+    QString path;
+    QImage picture;
+};
+
+namespace {
+
+/// Pixels a side of the panorama as it is shown.
+constexpr int kShownSide = 2000;
+
+QImage shownPicture(const QString &path)
+{
+    QImageReader reader(path);
+    const QSize size = reader.size();
+    if (size.width() > kShownSide || size.height() > kShownSide)
+        reader.setScaledSize(
+            size.scaled(kShownSide, kShownSide, Qt::KeepAspectRatio).expandedTo({1, 1}));
+    return reader.read();
+}
+
+} // namespace
+
+FinishingPane::FinishingPane(QWidget *parent)
+    : QWidget(parent)
+    , m_align(new QPushButton(tr("&Align")))
+    , m_make(new QPushButton(tr("&Make panorama…")))
+    , m_working(new QWidget)
+    , m_progress(new QProgressBar)
+    , m_timeLeft(new QLabel)
+    , m_report(new QLabel)
+{
+    m_align->setObjectName(QStringLiteral("align"));
+    m_align->setToolTip(tr("Finds the same things in neighbouring pictures and puts the pictures "
+                           "where they fit together, into the same project."));
+    m_make->setObjectName(QStringLiteral("panorama"));
+    m_make->setToolTip(tr("Aligns the pictures, unless that is done, and blends them into one."));
+    m_progress->setObjectName(QStringLiteral("taskProgress"));
+    m_report->setObjectName(QStringLiteral("report"));
+    m_report->setWordWrap(true);
+    m_report->setTextFormat(Qt::PlainText);
+    m_report->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_report->hide();
+    auto *cancel = new QPushButton(tr("&Cancel"));
+    cancel->setObjectName(QStringLiteral("cancelTask"));
+
+    auto *working = new QHBoxLayout(m_working);
+    working->setContentsMargins(0, 0, 0, 0);
+    working->addWidget(m_progress, 1);
+    working->addWidget(m_timeLeft);
+    working->addWidget(cancel);
+    m_working->hide();
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_report);
+    layout->addWidget(m_working);
+
+    m_clock.start();
+    connect(m_align, &QPushButton::clicked, this, &FinishingPane::align);
+    connect(m_make, &QPushButton::clicked, this, &FinishingPane::makePanorama);
+    connect(cancel, &QPushButton::clicked, &m_task, &BackgroundTask::cancel);
+    connect(&m_task, &BackgroundTask::progressed, this, &FinishingPane::showProgress);
+    connect(&m_task, &BackgroundTask::ended, this, &FinishingPane::showOutcome);
+}
+
+void FinishingPane::setImport(const WrittenImport &import)
+{
+    m_import = import;
+    m_aligned.reset();
+    m_report->hide();
+    m_align->setEnabled(true);
+}
+
+/// False when it cannot be, or was cancelled.
+bool FinishingPane::alignInto(
+    Outcome &outcome, const WrittenImport &import, const Progress &progress)
+{
+    if (!outcome.aligned) {
+        AlignOptions options;
+        options.cacheFolder = import.project + QStringLiteral(".matches");
+        auto alignment
+            = alignRecord(import.record, import.pictures, options, progress, &outcome.problem);
+        if (!alignment)
+            return false;
+        outcome.aligned
+            = Aligned{std::move(alignment->project), alignment->report.toText().trimmed()};
+    }
+    outcome.report = outcome.aligned->report;
+    return true;
+}
+
+void FinishingPane::align()
+{
+    if (!mayWriteOver())
+        return;
+    start([import = m_import](const Progress &progress, Outcome &outcome) {
+        if (!alignInto(outcome, import, progress))
+            return;
+        outcome.text
+            = projectText(outcome.aligned->project, QFileInfo(import.project).absolutePath());
+        outcome.problem = writeWhole({{import.project, outcome.text}});
+        outcome.done = outcome.problem.isEmpty();
+    });
+}
+
+void FinishingPane::makePanorama()
+{
+    const QString place = askPlace();
+    if (place.isEmpty())
+        return;
+    start([import = m_import, place](const Progress &progress, Outcome &outcome) {
+        if (!alignInto(outcome, import, progress))
+            return;
+        StitchWishes wishes;
+        wishes.output = place;
+        const PtoProject &project = outcome.aligned->project;
+        const Panorama panorama
+            = ::makePanorama(ReadProject{project, plainLight(project)}, wishes, progress);
+        outcome.problem = panorama.problem;
+        outcome.done = panorama.done;
+        if (!panorama.done)
+            return;
+        outcome.path = place;
+        outcome.picture = shownPicture(place);
+        const QSize size = panorama.stitched.frame.crop.size();
+        outcome.report += QStringLiteral("\n%1: %2 × %3 pixels")
+                              .arg(QFileInfo(place).fileName(), QLocale().toString(size.width()),
+                                  QLocale().toString(size.height()));
+    });
+}
+
+void FinishingPane::start(const Work &work)
+{
+    m_outcome = std::make_shared<Outcome>();
+    m_outcome->aligned = m_aligned;
+    m_step.clear();
+    showProgress(tr("Getting ready"), 0, 0);
+    m_task.start(
+        [work, outcome = m_outcome](const Progress &progress) { work(progress, *outcome); });
+    setBusy(true);
+}
+
+void FinishingPane::showProgress(const QString &step, int done, int total)
+{
+    if (step != m_step || total != m_total) {
+        m_step = step;
+        m_total = total;
+        m_pace.start(m_clock.elapsed());
+    }
+    m_pace.update(m_clock.elapsed(), done);
+    m_progress->setRange(0, total);
+    m_progress->setValue(done);
+    QString name = step;
+    if (!name.isEmpty())
+        name[0] = name[0].toUpper();
+    const QLocale locale;
+    m_progress->setFormat(total > 0
+            ? tr("%1: %2 of %3").arg(name, locale.toString(done), locale.toString(total))
+            : name);
+    m_timeLeft->setText(total > 0 ? timeLeftText(m_pace.timeFor(total - done)) : QString());
+}
+
+void FinishingPane::showOutcome()
+{
+    const Outcome outcome = *m_outcome;
+    m_outcome.reset();
+    setBusy(false);
+    m_aligned = outcome.aligned;
+    if (!outcome.text.isEmpty() && outcome.done)
+        m_import.text = outcome.text;
+    if (!outcome.problem.isEmpty())
+        return complain(outcome.problem);
+    m_report->setText(outcome.done ? outcome.report.trimmed()
+                                   : tr("Cancelled. What was found so far is kept, and the next "
+                                        "try goes on from it."));
+    m_report->show();
+    if (!outcome.path.isEmpty())
+        emit panoramaMade(outcome.path, outcome.picture);
+}
+
+void FinishingPane::setBusy(bool isBusy)
+{
+    m_align->setEnabled(!isBusy);
+    m_make->setEnabled(!isBusy);
+    m_working->setVisible(isBusy);
+    if (isBusy)
+        m_report->hide();
+    emit busyChanged(isBusy);
+}
+
+bool FinishingPane::mayWriteOver()
+{
+    QFile file(m_import.project);
+    if (!file.open(QIODevice::ReadOnly) || file.readAll() == m_import.text)
+        return true;
+    QMessageBox box(QMessageBox::Question, tr("Align"),
+        tr("“%1” has been changed since it was written. Aligning begins from the import again and "
+           "writes over it. Go on?")
+            .arg(QFileInfo(m_import.project).fileName()),
+        QMessageBox::Yes | QMessageBox::No, this);
+    box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(QMessageBox::No);
+    return box.exec() == QMessageBox::Yes;
+}
+
+QString FinishingPane::askPlace()
+{
+    const QFileInfo project(m_import.project);
+    const QStringList suffixes{QStringLiteral("jpg"), QStringLiteral("tif"), QStringLiteral("exr")};
+    const QStringList filters{tr("JPEG pictures (*.jpg)"), tr("TIFF pictures, 16 bits (*.tif)"),
+        tr("OpenEXR pictures, radiance (*.exr)")};
+    constexpr int kRadiance = 3;
+    const int first = m_import.record.outputType == kRadiance ? 2 : 0;
+
+    QStringList inputs{m_import.project};
+    for (const QStringList &stack : qAsConst(m_import.record.groups))
+        inputs += stack;
+    // The dialog has asked about files that exist.
+    const OutputGuard guard(inputs, true, OutputGuard::Writes::Pictures);
+    while (true) {
+        QFileDialog dialog(this, tr("Save the panorama"), project.absolutePath());
+        dialog.setAcceptMode(QFileDialog::AcceptSave);
+        dialog.setNameFilters(filters);
+        dialog.selectNameFilter(filters[first]);
+        dialog.setDefaultSuffix(suffixes[first]);
+        connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString &filter) {
+            dialog.setDefaultSuffix(suffixes.value(filters.indexOf(filter)));
+        });
+        dialog.selectFile(project.completeBaseName() + QLatin1Char('.') + suffixes[first]);
+        if (dialog.exec() != QDialog::Accepted)
+            return {};
+        QString place = dialog.selectedFiles().value(0);
+        const QString objection = guard.objection(place);
+        if (objection.isEmpty())
+            return place;
+        complain(tr("“%1” cannot be written: %2.").arg(QFileInfo(place).fileName(), objection));
+    }
+}
+
+void FinishingPane::complain(const QString &problem)
+{
+    QMessageBox box(
+        QMessageBox::Warning, QCoreApplication::applicationName(), problem, QMessageBox::Ok, this);
+    box.setTextFormat(Qt::PlainText); // Names of files may look like tags.
+    box.exec();
+}
