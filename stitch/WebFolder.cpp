@@ -52,12 +52,12 @@ constexpr const char *kPage = R"(<!DOCTYPE html>
 // Browsers let pages from disk read no other files than scripts: there the picture comes in one.
 var viewer;
 function showPicture() {
-    var picture = new Image();
-    picture.onload = function () {
-        scene.picture.panorama = picture;
-        viewer = pannellum.viewer('panorama', scene.picture);
-    };
-    picture.src = 'data:image/jpeg;base64,' + pictureData;
+    var text = atob(pictureData);
+    var bytes = new Uint8Array(text.length);
+    for (var i = 0; i < text.length; ++i)
+        bytes[i] = text.charCodeAt(i);
+    scene.picture.panorama = URL.createObjectURL(new Blob([bytes], { type: 'image/jpeg' }));
+    viewer = pannellum.viewer('panorama', scene.picture);
 }
 if (scene.tiles && location.protocol !== 'file:') {
     viewer = pannellum.viewer('panorama', scene.tiles);
@@ -277,9 +277,6 @@ private:
     {
         QJsonObject scene = commonScene();
         scene.insert(QStringLiteral("type"), QStringLiteral("equirectangular"));
-        // A picture that is at hand is what the viewer calls dynamic.
-        scene.insert(QStringLiteral("dynamic"), true);
-        scene.insert(QStringLiteral("dynamicUpdate"), false);
         return scene;
     }
 

@@ -260,6 +260,22 @@ private slots:
         QCOMPARE(QDir(m_folder.path()).entryList({QStringLiteral("pano*")}), QStringList(output));
     }
 
+    void webFolder()
+    {
+        const QString command = QStringLiteral(
+            "stitch --project two/truth.pto --no-photometric --output pano.tif --web pano.web");
+        const Run run = panohost(command);
+        if (run.err.contains(QStringLiteral("was built without the viewer")))
+            QSKIP("this was built without the viewer");
+        QVERIFY2(run.exitCode == 0, qUtf8Printable(run.err));
+        QVERIFY(run.out.contains(QStringLiteral("equirectangular\npano.web/index.html: ")));
+        QVERIFY(QFile::exists(at(QStringLiteral("pano.web/viewer/COPYING"))));
+        const QByteArray picture = contentOf(at(QStringLiteral("pano.web/picture.js")));
+        QVERIFY(
+            QByteArray::fromBase64(picture.mid(picture.indexOf('\'') + 1)).startsWith("\xff\xd8"));
+        QVERIFY(panohost(command + QStringLiteral(" --force")).exitCode == 0);
+    }
+
     /// No hole where rows meet.
     void insideIsFull()
     {
@@ -301,6 +317,12 @@ private slots:
             "a JPEG has at most 65000", 1);
         row("--project sphere/truth.pto --output pano.tif --width 1000000 --memory 100000",
             "GB on the disk", 1);
+        row("--project two/truth.pto --output pano.jpg --web pano.web --projection rectilinear",
+            "only an equirectangular", 1);
+        row("vrdrive2 --config brackets/shooting.xml --output-type hdr brackets --output pano.exr "
+            "--web pano.web",
+            "browsers do not show radiance", 1);
+        row("--project two/truth.pto --output pano.jpg --web=", "--web wants a folder", 2);
         row("--project two/truth.pto", "--output", 2);
         row("--project two/truth.pto --output pano.jpg --width 0", "\"0\"", 2);
         row("--project two/truth.pto --output pano.jpg --projection flat", "\"flat\"", 2);
