@@ -9,6 +9,7 @@
 #include <ceres/problem.h>
 #include <ceres/solver.h>
 
+#include <algorithm>
 #include <array>
 #include <memory>
 
@@ -21,8 +22,11 @@ namespace {
 constexpr double kPull = 0.01;
 /// The same for the pictures of one stack, which the head did not move.
 constexpr double kStackPull = 0.3;
-/// Working pixels; beyond, a distance counts less.
-constexpr double kHuber = 0.15;
+/// Working pixels beyond which a distance counts less, round by round: at first all count alike,
+/// and what fits comes near.
+constexpr double kHubers[] = {1e9, 1, 0.3, 0.15, 0.15};
+constexpr int kFirstIterations = 8;
+constexpr int kIterations = 3;
 /// Working pixels for a focal length of twice the length, or a distortion of 1.
 constexpr double kLensPull = 20;
 
@@ -98,11 +102,26 @@ public:
     PairCost(const AdjustmentTask &task, const AdjustmentTask::Pair &pair)
         : m_task(task)
         , m_pair(pair)
+        , m_weights(pair.matches.size(), 1)
     {
         set_num_residuals(static_cast<int>(3 * pair.matches.size()));
         mutable_parameter_block_sizes()->assign({3, 3, 2});
         if (picture(pair.first).lens != picture(pair.second).lens)
             mutable_parameter_block_sizes()->push_back(2);
+    }
+
+    /// Lets distances beyond \a huber count less from now on: with these weights the sum of squares
+    /// falls where Huber's does.
+    void reweigh(const double *const *parameters, double huber)
+    {
+        std::fill(m_weights.begin(), m_weights.end(), 1);
+        std::vector<double> residuals(3 * m_weights.size());
+        Evaluate(parameters, residuals.data(), nullptr);
+        for (std::size_t i = 0; i < m_weights.size(); ++i) {
+            const double length = Eigen::Map<Vector>(&residuals[3 * i]).norm();
+            if (length > huber)
+                m_weights[i] = std::sqrt(huber / length);
+        }
     }
 
     bool Evaluate(
@@ -125,35 +144,21 @@ public:
             const LensRay b = lensRay(secondLens.lens, parameters[ownLens ? 3 : 2], match.inSecond);
             const Vector firstRay = firstAxes * a.ray;
             const Vector secondRay = secondAxes * b.ray;
-            const double weight = pixels * match.weight;
-            const Vector distance = weight * (firstRay - secondRay);
-
-            // The distance shortened so that its square is Huber's.
-            const double length = distance.norm();
-            Rotation bend = weight * Rotation::Identity();
-            double shortened = 1;
-            if (length > kHuber) {
-                const double huber = std::sqrt(2 * kHuber * length - kHuber * kHuber);
-                shortened = huber / length;
-                bend = weight
-                    * (shortened * Rotation::Identity()
-                        + (kHuber / huber - shortened) / (length * length) * distance
-                            * distance.transpose());
-            }
+            const double weight = pixels * match.weight * m_weights[i];
             const auto row = static_cast<Eigen::Index>(3 * i);
-            Eigen::Map<Vector>(residuals + row) = shortened * distance;
+            Eigen::Map<Vector>(residuals + row) = weight * (firstRay - secondRay);
             if (!jacobians)
                 continue;
             const auto rows = [&](int block, int columns) {
                 return Jacobian(jacobians[block] + row * columns, 3, columns);
             };
             if (jacobians[0])
-                rows(0, 3) = bend * -crossWith(firstRay) * firstTurn.jacobian;
+                rows(0, 3) = -weight * crossWith(firstRay) * firstTurn.jacobian;
             if (jacobians[1])
-                rows(1, 3) = bend * crossWith(secondRay) * secondTurn.jacobian;
+                rows(1, 3) = weight * crossWith(secondRay) * secondTurn.jacobian;
             for (int k = 0; k < 2; ++k) {
-                const Vector change = bend * (firstAxes * a.change[k]);
-                const Vector otherChange = bend * (secondAxes * b.change[k]);
+                const Vector change = weight * (firstAxes * a.change[k]);
+                const Vector otherChange = weight * (secondAxes * b.change[k]);
                 if (jacobians[2])
                     rows(2, 2).col(k) = ownLens ? change : Vector(change - otherChange);
                 if (ownLens && jacobians[3])
@@ -175,6 +180,8 @@ private:
 
     const AdjustmentTask &m_task;
     const AdjustmentTask::Pair &m_pair;
+    /// By how much each distance is shortened.
+    std::vector<double> m_weights;
 };
 
 /// Pulls a block to zero, or two blocks to each other.
@@ -235,6 +242,7 @@ AdjustmentResult adjust(const AdjustmentTask &task, const std::function<bool()> 
     problemOptions.cost_function_ownership = ceres::DO_NOT_TAKE_OWNERSHIP;
     problemOptions.disable_all_safety_checks = true;
     ceres::Problem problem(problemOptions);
+    std::vector<std::vector<double *>> costBlocks;
     std::vector<std::unique_ptr<PairCost>> costs;
     costs.reserve(task.pairs.size());
     for (const AdjustmentTask::Pair &pair : task.pairs) {
@@ -248,6 +256,7 @@ AdjustmentResult adjust(const AdjustmentTask &task, const std::function<bool()> 
         if (first.lens != second.lens)
             blocks.push_back(lenses[static_cast<std::size_t>(second.lens)].data());
         problem.AddResidualBlock(costs.back().get(), nullptr, blocks);
+        costBlocks.push_back(std::move(blocks));
     }
 
     double pixels = 1;
@@ -270,13 +279,20 @@ AdjustmentResult adjust(const AdjustmentTask &task, const std::function<bool()> 
 
     ceres::Solver::Options options;
     options.linear_solver_type = ceres::SPARSE_NORMAL_CHOLESKY;
-    options.max_num_iterations = 50;
-    options.function_tolerance = 1e-7;
+    options.function_tolerance = 1e-5;
     options.logging_type = ceres::SILENT;
     Canceller canceller(goOn);
     options.callbacks.push_back(&canceller);
     ceres::Solver::Summary summary;
-    ceres::Solve(options, &problem, &summary);
+    options.max_num_iterations = kFirstIterations;
+    for (const double huber : kHubers) {
+        for (std::size_t i = 0; i < costs.size(); ++i)
+            costs[i]->reweigh(costBlocks[i].data(), huber);
+        ceres::Solve(options, &problem, &summary);
+        if (summary.termination_type == ceres::USER_FAILURE)
+            break;
+        options.max_num_iterations = kIterations;
+    }
 
     AdjustmentResult result;
     result.isCancelled = summary.termination_type == ceres::USER_FAILURE;

@@ -56,7 +56,7 @@ struct AdjustmentResult {
     bool isCancelled = false;
 };
 
-/// Turns places and changes lenses until the rays of matches meet best. Distances beyond a pixel
+/// Turns places and changes lenses until the rays of matches meet best. Large distances
 /// count less (Huber). Places without matches follow their neighbours.
 AdjustmentResult adjust(const AdjustmentTask &task, const std::function<bool()> &goOn);
 
