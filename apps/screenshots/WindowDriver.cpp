@@ -19,7 +19,8 @@
 
 namespace {
 
-constexpr int kPatience = 60'000;
+/// Milliseconds; a panorama takes a while on a busy machine.
+constexpr int kPatience = 300'000;
 
 } // namespace
 

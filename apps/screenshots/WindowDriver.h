@@ -46,7 +46,7 @@ public:
 
     /// The page of the import under way; null when there is none.
     QWizardPage *page() const;
-    /// Waits until \a condition holds, a minute at most.
+    /// Waits until \a condition holds, five minutes at most.
     static bool waitFor(const std::function<bool()> &condition);
     /// Waits until the page may be accepted.
     bool waitForPictures() const;

@@ -114,7 +114,29 @@ private:
         m_window.grab(); // What is drawn asks for the pictures it shows.
         demand(WindowDriver::waitFor([map] { return !map->isLoading(); }), "the map is not drawn");
         shoot(QStringLiteral("summary"));
+        finishes();
         demand(m_driver.click(QStringLiteral("another")), "there is no way back");
+    }
+
+    void finishes()
+    {
+        demand(m_driver.click(QStringLiteral("align")), "no alignment");
+        demand(WindowDriver::waitFor([this] { return !isBusy(); }), "the alignment does not end");
+        shoot(QStringLiteral("aligned"));
+        WindowDriver::withDialogs(
+            [this] { demand(m_driver.click(QStringLiteral("panorama")), "no panorama"); },
+            [](QWidget *dialog, int) {
+                if (auto *files = qobject_cast<QFileDialog *>(dialog))
+                    static_cast<QDialog *>(files)->accept();
+            });
+        demand(WindowDriver::waitFor([this] { return !isBusy(); }), "the panorama is not made");
+        shoot(QStringLiteral("panorama"));
+    }
+
+    bool isBusy() const
+    {
+        const QAbstractButton *align = m_driver.button(QStringLiteral("align"));
+        return !align || !align->isEnabled();
     }
 
     void cannotRead(const QString &shooting)

@@ -9,6 +9,7 @@
 #include "stitch/Script.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -20,6 +21,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 struct FinishingPane::Outcome {
     /// A sentence, for people; none when all went well or was cancelled.
@@ -39,6 +41,22 @@ namespace {
 
 /// Pixels a side of the panorama as it is shown.
 constexpr int kShownSide = 2000;
+
+/// Where a panorama is offered to be written, without suffix: not among the pictures of the
+/// shooting, where a later import of their folder would take it for one of them.
+QString placeFor(const WrittenImport &import)
+{
+    const QFileInfo project(import.project);
+    const QDir folder = project.absoluteDir();
+    const QFileInfo above(QFileInfo(folder.absolutePath()).absolutePath());
+    const bool isAmongPictures = std::any_of(import.record.groups.cbegin(),
+        import.record.groups.cend(), [&folder](const QStringList &stack) {
+            return QFileInfo(stack.value(0)).absoluteDir() == folder;
+        });
+    return isAmongPictures && !folder.isRoot() && above.isWritable()
+        ? QDir(above.filePath()).filePath(folder.dirName())
+        : folder.filePath(project.completeBaseName());
+}
 
 QImage shownPicture(const QString &path)
 {
@@ -236,7 +254,7 @@ bool FinishingPane::mayWriteOver()
 
 QString FinishingPane::askPlace()
 {
-    const QFileInfo project(m_import.project);
+    const QFileInfo offered(placeFor(m_import));
     const QStringList suffixes{QStringLiteral("jpg"), QStringLiteral("tif"), QStringLiteral("exr")};
     const QStringList filters{tr("JPEG pictures (*.jpg)"), tr("TIFF pictures, 16 bits (*.tif)"),
         tr("OpenEXR pictures, radiance (*.exr)")};
@@ -249,7 +267,7 @@ QString FinishingPane::askPlace()
     // The dialog has asked about files that exist.
     const OutputGuard guard(inputs, true, OutputGuard::Writes::Pictures);
     while (true) {
-        QFileDialog dialog(this, tr("Save the panorama"), project.absolutePath());
+        QFileDialog dialog(this, tr("Save the panorama"), offered.absolutePath());
         dialog.setAcceptMode(QFileDialog::AcceptSave);
         dialog.setNameFilters(filters);
         dialog.selectNameFilter(filters[first]);
@@ -257,7 +275,7 @@ QString FinishingPane::askPlace()
         connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString &filter) {
             dialog.setDefaultSuffix(suffixes.value(filters.indexOf(filter)));
         });
-        dialog.selectFile(project.completeBaseName() + QLatin1Char('.') + suffixes[first]);
+        dialog.selectFile(offered.fileName() + QLatin1Char('.') + suffixes[first]);
         if (dialog.exec() != QDialog::Accepted)
             return {};
         QString place = dialog.selectedFiles().value(0);
