@@ -24,9 +24,9 @@ constexpr double kPull = 0.01;
 constexpr double kStackPull = 0.3;
 /// Working pixels beyond which a distance counts less, round by round: at first all count alike,
 /// and what fits comes near.
-constexpr double kHubers[] = {1e9, 1, 0.3, 0.15, 0.15};
+constexpr double kHubers[] = {1e9, 1, 0.25, 0.15};
 constexpr int kFirstIterations = 8;
-constexpr int kIterations = 3;
+constexpr int kIterations = 2;
 /// Working pixels for a focal length of twice the length, or a distortion of 1.
 constexpr double kLensPull = 20;
 
@@ -36,7 +36,7 @@ using Turn = std::array<double, 3>;
 
 using LensJet = ceres::Jet<double, 2>;
 
-Lens changed(const Lens &lens, const LensBlock &block)
+Lens changed(const Lens &lens, const double *block)
 {
     Lens result = lens;
     result.focal *= std::exp(block[0]);
@@ -138,6 +138,17 @@ public:
         const Rotation secondAxes = secondTurn.turn * second.base;
         const double pixels = firstLens.lens.focal / firstLens.scale;
 
+        if (!jacobians) {
+            const Lens lenses[] = {changed(firstLens.lens, parameters[2]),
+                changed(secondLens.lens, parameters[ownLens ? 3 : 2])};
+            for (std::size_t i = 0; i < m_pair.matches.size(); ++i) {
+                const Match &match = m_pair.matches[i];
+                Eigen::Map<Vector>(residuals + 3 * i) = pixels * match.weight * m_weights[i]
+                    * (firstAxes * lenses[0].ray(match.inFirst)
+                        - secondAxes * lenses[1].ray(match.inSecond));
+            }
+            return true;
+        }
         for (std::size_t i = 0; i < m_pair.matches.size(); ++i) {
             const Match &match = m_pair.matches[i];
             const LensRay a = lensRay(firstLens.lens, parameters[2], match.inFirst);
@@ -147,8 +158,6 @@ public:
             const double weight = pixels * match.weight * m_weights[i];
             const auto row = static_cast<Eigen::Index>(3 * i);
             Eigen::Map<Vector>(residuals + row) = weight * (firstRay - secondRay);
-            if (!jacobians)
-                continue;
             const auto rows = [&](int block, int columns) {
                 return Jacobian(jacobians[block] + row * columns, 3, columns);
             };
@@ -299,7 +308,7 @@ AdjustmentResult adjust(const AdjustmentTask &task, const std::function<bool()> 
     for (const Turn &turn : turns)
         result.turns.push_back(turnBy({turn[0], turn[1], turn[2]}));
     for (std::size_t i = 0; i < lenses.size(); ++i)
-        result.lenses.push_back(changed(task.lenses[i].lens, lenses[i]));
+        result.lenses.push_back(changed(task.lenses[i].lens, lenses[i].data()));
     return result;
 }
 

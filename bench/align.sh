@@ -140,9 +140,9 @@ fi
 
 if [ -n "$adjust" ]; then
     echo
-    echo "| simulated pictures | points | CPU seconds | MB | degrees rms |"
+    echo "| simulated pictures | points | CPU seconds | MB | pixels rms |"
     echo "|---|---|---|---|---|"
     for pictures in 2800 10000 70000; do
-        "$tools"/align_adjustment $pictures | awk '{ printf "| %s | %s | %.1f | %s | %.4f |\n", $1, $2, $3, $4, $5 }'
+        "$tools"/align_adjustment $pictures | awk '{ printf "| %s | %s | %.1f | %s | %.2f |\n", $1, $2, $3, $4, $5 }'
     done
 fi

@@ -3,7 +3,7 @@
 
 // align_adjustment PICTURES adjusts a made-up grid of so many pictures, ten points for each right
 // and lower neighbour, and prints pictures, points, seconds, megabytes at most and the error left
-// in degrees.
+// in pixels.
 
 #include "align/Adjustment.h"
 #include "geometry/Angle.h"
@@ -16,6 +16,8 @@
 namespace {
 
 constexpr int kPoints = 10;
+/// Pixels about each axis.
+constexpr double kHeadError = 10;
 constexpr double kDegree = geometry::kPi / 180;
 
 struct Grid {
@@ -32,7 +34,6 @@ Grid gridOf(int pictures)
     grid.columns = static_cast<int>(std::sqrt(2.0 * pictures));
     grid.rows = pictures / grid.columns;
     std::mt19937 random(1);
-    std::normal_distribution<double> headError(0, 0.1 * kDegree);
     std::normal_distribution<double> pixelError(0, 0.1);
     std::uniform_real_distribution<double> anywhere(-1, 1);
 
@@ -44,6 +45,7 @@ Grid gridOf(int pictures)
     lens.focal *= 1.01;
     lens.distortion = -0.01;
     grid.task.lenses.push_back({nominal, 1});
+    std::normal_distribution<double> headError(0, kHeadError / nominal.focal);
     for (int row = 0; row < grid.rows; ++row) {
         for (int column = 0; column < grid.columns; ++column) {
             const Placement place{
@@ -111,6 +113,7 @@ int main(int argc, char **argv)
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);
     QTextStream(stdout) << grid.truth.size() << ' ' << points << ' ' << seconds << ' '
-                        << usage.ru_maxrss / 1024 << ' ' << std::sqrt(squares) / kDegree << '\n';
+                        << usage.ru_maxrss / 1024 << ' '
+                        << std::sqrt(squares) * result.lenses[0].focal << '\n';
     return 0;
 }
