@@ -32,8 +32,6 @@ grid=(--rows 3 --columns 12 --full-turn --pitch-range "-54,54" --focal 24 --port
     --output "$work/vrdrive2"
 "$bin/screenshots" "$folder" "$work"
 
-"$bin/panohost" import papywizard --config "$work/papywizard/shooting.xml" --output "$work/pano.pto" \
-    "$work/papywizard"
-pano_modify --canvas=1200x600 --output="$work/small.pto" "$work/pano.pto" >/dev/null
-nona -r ldr -m JPEG -z 85 -o "$work/pano.jpg" "$work/small.pto"
+"$bin/panohost" stitch papywizard --config "$work/papywizard/shooting.xml" --width 1200 \
+    --output "$work/pano.jpg" "$work/papywizard"
 mv "$work/pano.jpg" "$folder/pano.jpg"
