@@ -131,7 +131,8 @@ void Aligner::choosePairs()
         m_pairs.push_back(pair);
     };
     for (const auto &[a, b] : locationPairs(m_record, outlooks)) {
-        const int sizes[2] = {m_record.groups.at(a).size(), m_record.groups.at(b).size()};
+        const int sizes[2] = {static_cast<int>(m_record.groups.at(a).size()),
+            static_cast<int>(m_record.groups.at(b).size())};
         if (std::min(sizes[0], sizes[1]) == 0)
             continue;
         if (m_record.levelLinking == 0) {

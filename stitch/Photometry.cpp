@@ -46,7 +46,8 @@ PhotometryCall photometryCall(const PtoProject &project, const QVector<PictureLi
     for (int width = project.pictures.constFirst().lens.size.width(); width > 2 * kComparedWidth;
          width /= 2)
         ++halvings;
-    const int points = std::min(20'000, kPointsPerPicture * project.pictures.size());
+    const int points
+        = std::min(20'000, kPointsPerPicture * static_cast<int>(project.pictures.size()));
     return {photometricScript(project, light, vignettingOnly, 0),
         {QStringLiteral("-v"), QStringLiteral("-p"), QString::number(points), QStringLiteral("-s"),
             QString::number(halvings), QStringLiteral("-o"), result, input}};
