@@ -93,6 +93,8 @@ private:
     {
         auto *tabs = m_driver.page()->findChild<QTabWidget *>();
         demand(tabs, "the page has no tabs");
+        demand(WindowDriver::waitFor([this] { return !m_driver.button(QStringLiteral("stop")); }),
+            "the bar does not go");
         for (int i = 0; i < tabs->count(); ++i) {
             tabs->setCurrentIndex(i);
             shoot(QStringLiteral("%1-%2").arg(name).arg(i + 1));
