@@ -51,6 +51,26 @@ double likeness(const QImage &picture, const QImage &scene, int top)
     return 10 * std::log10(255 * 255 / mean);
 }
 
+/// How much the brightness of \a picture against that of \a scene, in stops, differs from one part
+/// to another.
+double unevenness(const QImage &picture, const QImage &scene)
+{
+    const QImage a = picture.scaled(24, 12, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    const QImage b = scene.scaled(24, 12, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    double sum = 0;
+    double squares = 0;
+    int count = 0;
+    for (int y = 1; y < 11; ++y) {
+        for (int x = 0; x < 24; ++x, ++count) {
+            const double stops
+                = 2.2 * std::log2(double(qGray(a.pixel(x, y))) / qGray(b.pixel(x, y)));
+            sum += stops;
+            squares += stops * stops;
+        }
+    }
+    return std::sqrt(squares / count - sum * sum / count / count);
+}
+
 /// The share of pixels that are all but black.
 double blackPart(const QImage &picture)
 {
@@ -166,6 +186,49 @@ private slots:
         QVERIFY2(decibels > 25, qPrintable(QString::number(decibels)));
         QCOMPARE(picture.colorSpace(), QColorSpace(QColorSpace::SRgb));
         QVERIFY(!QFile::exists(at(QStringLiteral("pano.jpg.work"))));
+    }
+
+    /// Every second picture is darker than it says, and all are darker at their corners.
+    void evensOut()
+    {
+        QDir().mkpath(at(QStringLiteral("uneven")));
+        QFile::remove(at(QStringLiteral("uneven/truth.pto")));
+        QVERIFY(QFile::copy(
+            at(QStringLiteral("sphere/truth.pto")), at(QStringLiteral("uneven/truth.pto"))));
+        int count = 0;
+        for (const QString &name : filesIn(QStringLiteral("sphere"), QStringLiteral("*.jpg"))) {
+            QImage picture(at(QStringLiteral("sphere/") + name));
+            const double diagonal = std::hypot(picture.width(), picture.height()) / 2;
+            const double gain = count++ % 2 == 0 ? 1 : 0.6;
+            for (int y = 0; y < picture.height(); ++y) {
+                for (int x = 0; x < picture.width(); ++x) {
+                    const double r
+                        = std::hypot(x - picture.width() / 2.0, y - picture.height() / 2.0)
+                        / diagonal;
+                    const double factor = std::pow(gain * (1 - 0.4 * r * r), 1 / 2.2);
+                    const QRgb pixel = picture.pixel(x, y);
+                    picture.setPixel(x, y,
+                        qRgb(int(qRed(pixel) * factor), int(qGreen(pixel) * factor),
+                            int(qBlue(pixel) * factor)));
+                }
+            }
+            QVERIFY(picture.save(at(QStringLiteral("uneven/") + name), "JPEG", 95));
+        }
+        double uneven[2];
+        for (const bool isEvened : {false, true}) {
+            const Run run = panohost(
+                QStringLiteral(
+                    "stitch --project uneven/truth.pto --output pano.jpg --force --width "
+                    "480")
+                + (isEvened ? QString() : QStringLiteral(" --no-photometric")));
+            QVERIFY2(run.exitCode == 0, qUtf8Printable(run.err));
+            QCOMPARE(run.out.contains(QStringLiteral("were evened out")), isEvened);
+            const QImage picture(at(QStringLiteral("pano.jpg")));
+            const QImage scene(at(QStringLiteral("scene.png")));
+            uneven[isEvened] = unevenness(picture, scene);
+        }
+        QVERIFY2(uneven[1] < uneven[0] / 2,
+            qPrintable(QStringLiteral("%1 %2").arg(uneven[0]).arg(uneven[1])));
     }
 
     /// All that the world reads, on a panorama that is not the whole sphere.
