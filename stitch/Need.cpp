@@ -78,7 +78,7 @@ Need needOf(const PtoProject &project, const Frame &frame, const QVector<QRect> 
     const qint64 storedPixel = isRadiance ? 9 : 4;
     const qint64 fusedPixel = rendering == Rendering::Plain ? 0 : (isRadiance || deep ? 8 : 4);
     const qint64 fusingPixel = isRadiance ? 60 : 80;
-    const qint64 blendedPixel = isRadiance ? 60 : (deep ? 50 : 34);
+    const qint64 blendedPixel = isRadiance ? 80 : (deep ? 64 : 40);
     const qint64 finishedPixel = isRadiance || deep ? 8 : 4;
 
     Need need;

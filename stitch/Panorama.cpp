@@ -75,8 +75,8 @@ Panorama makePanorama(const ProjectRecord &record, const PictureTable &pictures,
     const auto recorded = projectOf(record, pictures, &panorama.problem);
     if (!recorded)
         return panorama;
-    panorama.problem = stitchObstacle(*recorded, wishes);
     WorkFolder folder(workFolderOf(wishes.output));
+    panorama.problem = stitchObstacle(*recorded, wishes, folder.size());
     if (panorama.problem.isEmpty())
         panorama.problem = folder.open();
     if (!panorama.problem.isEmpty())
@@ -90,8 +90,8 @@ Panorama makePanorama(
     const ReadProject &project, const StitchWishes &wishes, const Progress &progress)
 {
     Panorama panorama;
-    panorama.problem = stitchObstacle(project.project, wishes);
     WorkFolder folder(workFolderOf(wishes.output));
+    panorama.problem = stitchObstacle(project.project, wishes, folder.size());
     if (panorama.problem.isEmpty())
         panorama.problem = folder.open();
     if (panorama.problem.isEmpty())

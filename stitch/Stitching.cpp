@@ -550,7 +550,7 @@ Rendering renderingOf(const PtoProject &project)
     return locations.size() < project.pictures.size() ? Rendering::Fused : Rendering::Plain;
 }
 
-QString stitchObstacle(const PtoProject &project, const StitchWishes &wishes)
+QString stitchObstacle(const PtoProject &project, const StitchWishes &wishes, qint64 kept)
 {
     const Rendering rendering = renderingOf(project);
     QString problem = nameMisfit(rendering, wishes);
@@ -574,7 +574,7 @@ QString stitchObstacle(const PtoProject &project, const StitchWishes &wishes)
             .arg(kLongestJpegSide);
     const Need need = needOf(project, *frame, layersOf(project, *frame), rendering,
         format == Format::Tiff, jobsOf(wishes));
-    return excess(need, wishes.memory, QFileInfo(wishes.output).absolutePath(), 0);
+    return excess(need, wishes.memory, QFileInfo(wishes.output).absolutePath(), kept);
 }
 
 Stitched stitch(const PtoProject &project, const QVector<PictureLight> &light,

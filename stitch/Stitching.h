@@ -45,8 +45,9 @@ struct Stitched {
 Rendering renderingOf(const PtoProject &project);
 
 /// Why \a wishes cannot be had for \a project, before anything is done: the output's name does not
-/// fit, a tool is missing, the picture is too large. Empty when they can.
-QString stitchObstacle(const PtoProject &project, const StitchWishes &wishes);
+/// fit, a tool is missing, the picture is too large. Empty when they can. Of the disk that it needs
+/// \a kept bytes hold work that was done before.
+QString stitchObstacle(const PtoProject &project, const StitchWishes &wishes, qint64 kept = 0);
 
 /// Renders \a project (\a light: one a picture, or empty) by the Hugin tools and enblend, working
 /// in \a folder, which is open. The output appears when it is whole. May run for long: call it in a

@@ -24,6 +24,14 @@ QString WorkFolder::file(const QString &name) const
     return QDir(m_path).filePath(name);
 }
 
+qint64 WorkFolder::size() const
+{
+    qint64 size = 0;
+    for (const QFileInfo &info : QDir(m_path).entryInfoList(QDir::Files))
+        size += info.size();
+    return size;
+}
+
 QString WorkFolder::open()
 {
     if (QFileInfo::exists(m_path) && !QFileInfo(m_path).isDir())

@@ -23,6 +23,8 @@ public:
     QString open();
 
     QString path() const { return m_path; }
+    /// Bytes of its files.
+    qint64 size() const;
     QString file(const QString &name) const;
 
     /// The finished file of \a kind ("layer") made by \a recipe, with \a suffix.
