@@ -50,7 +50,7 @@ public:
     }
     bool hasInRow(int y) const
     {
-        const auto row = m_cells.cbegin() + y * m_width;
+        const auto row = m_cells.cbegin() + qptrdiff(y) * m_width;
         return std::find(row, row + m_width, true) != row + m_width;
     }
 
@@ -215,7 +215,7 @@ QRect coveredPart(
         const int first = std::clamp(int(std::floor(rowAt(top))), 0, frame.canvas.height() - 1);
         const int last
             = std::clamp(int(std::ceil(rowAt(bottom))), first + 1, frame.canvas.height());
-        return QRect(0, first, frame.canvas.width(), last - first);
+        return {0, first, frame.canvas.width(), last - first};
     }
     QRectF bounds;
     constexpr int kSteps = 32;

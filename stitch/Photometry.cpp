@@ -27,14 +27,13 @@ bool isPlausible(const PictureLight &before, const PictureLight &after)
 {
     if (!(std::abs(after.exposureValue - before.exposureValue) < kMostOff))
         return false;
-    for (const double r : {0.25, 0.5, 0.75, 1.0}) {
+    constexpr double kRadii[] = {0.25, 0.5, 0.75, 1};
+    return std::all_of(std::begin(kRadii), std::end(kRadii), [&after](double r) {
         const double q = r * r;
         const auto &[b, c, d] = after.vignetting;
         const double left = 1 + q * (b + q * (c + q * d));
-        if (!(left > kDarkestCorner && left < kBrightestCorner))
-            return false;
-    }
-    return true;
+        return left > kDarkestCorner && left < kBrightestCorner;
+    });
 }
 
 } // namespace

@@ -38,23 +38,17 @@ void leadGroup()
 #endif
 }
 
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+class ToolProcess final : public QProcess {
+protected:
+    void setupChildProcess() override { leadGroup(); }
+};
+#else
 class ToolProcess final : public QProcess {
 public:
-    ToolProcess()
-    {
-#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
-        setChildProcessModifier(leadGroup);
-#endif
-    }
-
-#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
-protected:
-    void setupChildProcess() override
-    {
-        leadGroup();
-    }
-#endif
+    ToolProcess() { setChildProcessModifier(leadGroup); }
 };
+#endif
 
 /// Time that the processes of \a group have computed so far, in ticks; 0 where the system does not
 /// tell.

@@ -91,10 +91,9 @@ public:
     /// The same in half as many pixels a side.
     Sphere halved() const
     {
-        return Sphere(m_picture.scaled(std::max(1, m_picture.width() / 2),
-                          std::max(1, m_picture.height() / 2), Qt::IgnoreAspectRatio,
-                          Qt::SmoothTransformation),
-            m_width / 2, m_top / 2);
+        const QSize half(std::max(1, m_picture.width() / 2), std::max(1, m_picture.height() / 2));
+        return {m_picture.scaled(half, Qt::IgnoreAspectRatio, Qt::SmoothTransformation),
+            m_width / 2, m_top / 2};
     }
 
     QRgb at(const Direction &direction) const
@@ -119,8 +118,8 @@ private:
         const QRgb c = pixel(left, top + 1);
         const QRgb d = pixel(left + 1, top + 1);
         const auto mix = [&](int (*part)(QRgb)) {
-            return int((part(a) * (1 - right) + part(b) * right) * (1 - low)
-                + (part(c) * (1 - right) + part(d) * right) * low + 0.5);
+            return qRound((part(a) * (1 - right) + part(b) * right) * (1 - low)
+                + (part(c) * (1 - right) + part(d) * right) * low);
         };
         return qRgb(mix(qRed), mix(qGreen), mix(qBlue));
     }
@@ -385,6 +384,7 @@ private:
             changed.notify_one();
         };
         std::vector<std::thread> threads;
+        threads.reserve(std::size_t(m_jobs));
         for (int i = 0; i < m_jobs; ++i)
             threads.emplace_back(work);
         while (isWell) {
