@@ -451,6 +451,65 @@ private slots:
         QVERIFY(alignError(alignment.project, ShootingTruth::of(folder)).rms < 0.03);
     }
 
+    void pictureFiles_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<QString>("suffix");
+        QTest::newRow("12 megapixels, sides that no power of two divides")
+            << QSize(4327, 2885) << QStringLiteral("jpg");
+        QTest::newRow("60 megapixels") << QSize(9486, 6324) << QStringLiteral("jpg");
+        QTest::newRow("as they are, no JPEG") << QSize(360, 240) << QStringLiteral("png");
+        QTest::newRow("scaled down, no JPEG") << QSize(2160, 1440) << QStringLiteral("png");
+    }
+    void pictureFiles()
+    {
+        QFETCH(QSize, size);
+        QFETCH(QString, suffix);
+        const QString folder = copied(shooting(QStringLiteral(
+            "--rows 1 --columns 3 --focal 24 --overlap 40 --size 360x240 --head-error 0.3")));
+        const QStringList pictures = QDir(folder).entryList({QStringLiteral("*.jpg")});
+        ShootingTruth truth = ShootingTruth::of(folder);
+        for (const QString &name : pictures) {
+            const QString path = folder + QLatin1Char('/') + name;
+            const QString other = QFileInfo(name).baseName() + QLatin1Char('.') + suffix;
+            const QImage image
+                = QImage(path).scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+            QVERIFY(QFile::remove(path) && image.save(folder + QLatin1Char('/') + other));
+            truth.rotations.insert(other, truth.rotations.value(name));
+        }
+        const Alignment alignment
+            = aligned(imported(folder, QStringLiteral("papywizard --focal 24 --lens standard")));
+        QCOMPARE(alignment.report.joined, 3);
+        const double error = alignError(alignment.project, truth).rms;
+        // A third of a pixel of what was enlarged.
+        QVERIFY2(error < 0.1, qPrintable(QString::number(error)));
+        // The points are the stored pictures'.
+        int beyond = 0;
+        for (const ControlPoint &point : alignment.project.points)
+            beyond += point.inFirst.x() > size.width() * 0.7;
+        QVERIFY(beyond > 5);
+    }
+
+    void pictureThatGoes()
+    {
+        // Between the reading of its tags and of itself.
+        const QString folder = copied(stacks());
+        const ProjectRecord record = imported(folder, QStringLiteral("papywizard"));
+        const PictureTable pictures = tableOf(record);
+        const QString &gone = record.groups[2][1];
+        QVERIFY(QFile::remove(gone));
+        QFile broken(record.groups[4][1]);
+        QVERIFY(broken.open(QIODevice::ReadWrite) && broken.resize(700));
+        broken.close();
+        QString problem;
+        const auto alignment = alignRecord(record, pictures, {}, {}, &problem);
+        QVERIFY(alignment);
+        QVERIFY(alignment->report.held.contains(gone));
+        QVERIFY(alignment->report.held.contains(broken.fileName()));
+        QVERIFY(alignment->report.joined >= 12);
+        QVERIFY(alignError(alignment->project, ShootingTruth::of(folder)).worst < 1.5);
+    }
+
     void strangePictures()
     {
         // One of them is of elsewhere: the others are not led astray, and it is named.
