@@ -44,7 +44,10 @@ QString shown(const QStringList &names)
 QString AlignReport::toText() const
 {
     QStringList lines;
-    lines.append(QStringLiteral("%1 pictures, %2 joined").arg(pictures).arg(joined));
+    lines.append(QStringLiteral("%1 %2, %3 joined")
+                     .arg(pictures)
+                     .arg(pictures == 1 ? QStringLiteral("picture") : QStringLiteral("pictures"))
+                     .arg(joined));
     if (!held.isEmpty())
         lines.last() += QStringLiteral(", %1 held by the head: %2")
                             .arg(held.size())

@@ -18,6 +18,8 @@ constexpr double kViewSide = 1000;
 constexpr int kColumns = 12;
 constexpr int kRows = 8;
 constexpr std::size_t kFeatures = 600;
+/// Pixels of the shorter side below which there is nothing to be told apart.
+constexpr int kSmallest = 32;
 /// Pixels that features keep from the picture's border.
 constexpr double kBorder = 3;
 /// OpenCV's SIFT (4.6) puts points so many pixels too far right and down: it searches a picture of
@@ -112,7 +114,7 @@ std::vector<cv::KeyPoint> spread(std::vector<cv::KeyPoint> points, const cv::Siz
 Features findFeatures(const WorkingPicture &picture, const Lens &stored)
 {
     Features features;
-    if (picture.isNull())
+    if (std::min(picture.grey.cols, picture.grey.rows) < kSmallest)
         return features;
     const Lens lens = picture.lensHere(stored);
     const StereographicView view(picture, lens);
