@@ -175,10 +175,13 @@ bool Aligner::matchAll()
     if (!trackPairs(all, QStringLiteral("matching")))
         return false;
 
-    // Where most fail, the others may have been found by chance.
+    // Where most fail, the others may have been found by chance. Of a grid, whose overlap is but
+    // stated, less will do.
     Places again = failedPairs();
     const Places textured = texturedPairs();
-    const bool isLost = 2 * again.size() > textured.size();
+    const bool isLost = m_isGrid
+        ? 8 * again.size() > textured.size() || !distantPairs(kDistant).empty()
+        : 2 * again.size() > textured.size();
     if (isLost)
         again = textured;
     for (int round = 0; round < kRounds; ++round) {
