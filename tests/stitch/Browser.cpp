@@ -92,8 +92,8 @@ QJsonValue Browser::ask(const QByteArray &method, const QString &path, const QJs
     return QJsonDocument::fromJson(answer).object().value(QStringLiteral("value"));
 }
 
-FolderServer::FolderServer(const QString &folder)
-    : m_folder(folder)
+FolderServer::FolderServer(QString folder)
+    : m_folder(std::move(folder))
 {
     connect(this, &QTcpServer::newConnection, this, [this] { serve(); });
     listen(QHostAddress::LocalHost);

@@ -39,7 +39,7 @@ private:
 /// Serves the files of a folder at http://127.0.0.1:port/.
 class FolderServer : public QTcpServer {
 public:
-    explicit FolderServer(const QString &folder);
+    explicit FolderServer(QString folder);
     QString address() const;
     /// How many files were not there.
     int missed() const { return m_missed; }
