@@ -125,6 +125,11 @@ private:
         demand(m_driver.click(QStringLiteral("align")), "no alignment");
         demand(WindowDriver::waitFor([this] { return !isBusy(); }), "the alignment does not end");
         shoot(QStringLiteral("aligned"));
+        demand(m_driver.click(QStringLiteral("preview")), "no preview");
+        demand(WindowDriver::waitFor([this] { return !isBusy(); }), "the preview is not made");
+        demand(m_driver.click(QStringLiteral("outlines")), "no outlines");
+        shoot(QStringLiteral("preview"));
+        demand(m_driver.click(QStringLiteral("outlines")), "the outlines stay");
         WindowDriver::withDialogs(
             [this] { demand(m_driver.click(QStringLiteral("panorama")), "no panorama"); },
             [](QWidget *dialog, int) {

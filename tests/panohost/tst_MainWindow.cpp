@@ -855,6 +855,19 @@ void tst_MainWindow::finishesWhatItImported()
     const QByteArray aligned = fileContent(at("shooting/x.pto"));
     QVERIFY(!imported.contains("\nc n0") && aligned.contains("\nc n0"));
 
+    // A look before leaves nothing behind.
+    const QStringList files = QDir(at("shooting")).entryList(QDir::Files);
+    QVERIFY(m_driver->click(QStringLiteral("preview")));
+    QVERIFY(WindowDriver::waitFor(isDone));
+    auto *shown = m_window->findChild<QWidget *>(QStringLiteral("panoramaPicture"));
+    QVERIFY2(shown->isVisible(), qPrintable(report->text()));
+    const QImage plain = shown->grab().toImage();
+    QVERIFY(m_driver->click(QStringLiteral("outlines")));
+    QVERIFY(shown->grab().toImage() != plain);
+    QVERIFY(m_driver->click(QStringLiteral("outlines")));
+    QCOMPARE(shown->grab().toImage(), plain);
+    QCOMPARE(QDir(at("shooting")).entryList(QDir::Files), files);
+
     // Never over a picture of the shooting.
     const QStringList places{at("shooting/IMG_0001.jpg"), at("shooting/pano.jpg")};
     const QByteArray picture = fileContent(places[0]);
@@ -883,7 +896,7 @@ void tst_MainWindow::finishesWhatItImported()
                                          .arg(QLocale().toString(panorama.width()),
                                              QLocale().toString(panorama.height()))),
         qPrintable(report->text()));
-    QVERIFY(m_window->findChild<QWidget *>(QStringLiteral("panoramaPicture"))->isVisible());
+    QVERIFY(shown->isVisible());
     QCOMPARE(fileContent(at("shooting/x.pto")), aligned);
 
     QCOMPARE(fileContent(places[0]), picture);

@@ -3,6 +3,7 @@
 
 #include "stitch/Frame.h"
 #include "stitch/Need.h"
+#include "stitch/Outlines.h"
 
 #include <QTest>
 #include <cmath>
@@ -42,6 +43,49 @@ class tst_Frame : public QObject {
     Q_OBJECT
 
 private slots:
+    // Every point of an outline is one at which a picture ends, and no picture is left out.
+    void outlinesLieOnBorders()
+    {
+        for (const bool fisheye : {false, true}) {
+            const PtoProject project = rows(100, 60, 6, {-60, 0, 60}, 14, fisheye);
+            QString problem;
+            const auto frame = frameOf(project, {}, &problem);
+            QVERIFY2(frame, qPrintable(problem));
+            const QVector<QPolygonF> lines = outlinesOf(project, *frame);
+            QVERIFY(lines.size() >= project.pictures.size());
+            const QVector<View> views = viewsOf(project);
+            for (const QPolygonF &line : lines) {
+                for (const QPointF &part : line) {
+                    const auto direction
+                        = frame->unproject({frame->crop.x() + part.x() * frame->crop.width(),
+                            frame->crop.y() + part.y() * frame->crop.height()});
+                    QVERIFY(direction);
+                    double nearest = 1e9;
+                    for (const View &view : views) {
+                        // A little further in, where it is surely seen.
+                        for (int k = 0; k < 27; ++k) {
+                            const Direction near{(*direction)[0] + (k % 3 - 1) * 1e-4,
+                                (*direction)[1] + (k / 3 % 3 - 1) * 1e-4,
+                                (*direction)[2] + (k / 9 - 1) * 1e-4};
+                            const auto found = view.find(near);
+                            if (found)
+                                nearest = std::min({nearest, std::abs(450 - std::abs(found->x())),
+                                    std::abs(300 - std::abs(found->y()))});
+                        }
+                    }
+                    QVERIFY2(nearest < 0.5,
+                        qPrintable(QStringLiteral("%1 at %2, %3")
+                                       .arg(nearest)
+                                       .arg(part.x())
+                                       .arg(part.y())));
+                }
+                // Never across the whole picture.
+                for (int k = 1; k < line.size(); ++k)
+                    QVERIFY(std::abs(line[k].x() - line[k - 1].x()) < 0.5);
+            }
+        }
+    }
+
     void usualFrame_data()
     {
         QTest::addColumn<double>("firstYaw");

@@ -5,6 +5,7 @@
 
 #include "align/Alignment.h"
 #include "align/OutputFile.h"
+#include "stitch/Outlines.h"
 #include "stitch/Panorama.h"
 #include "stitch/Script.h"
 
@@ -20,6 +21,7 @@
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QTemporaryDir>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -33,8 +35,9 @@ struct FinishingPane::Outcome {
     /// What the project's file holds now; empty when it was not written.
     QByteArray text;
     /// The panorama's; empty when none was made.
-    QString path;
+    QString name;
     QImage picture;
+    QVector<QPolygonF> outlines;
 };
 
 namespace {
@@ -73,6 +76,7 @@ QImage shownPicture(const QString &path)
 FinishingPane::FinishingPane(QWidget *parent)
     : QWidget(parent)
     , m_align(new QPushButton(tr("&Align")))
+    , m_preview(new QPushButton(tr("&Preview")))
     , m_make(new QPushButton(tr("&Make panorama…")))
     , m_working(new QWidget)
     , m_progress(new QProgressBar)
@@ -82,6 +86,10 @@ FinishingPane::FinishingPane(QWidget *parent)
     m_align->setObjectName(QStringLiteral("align"));
     m_align->setToolTip(tr("Finds the same things in neighbouring pictures and puts the pictures "
                            "where they fit together, into the same project."));
+    m_preview->setObjectName(QStringLiteral("preview"));
+    m_preview->setToolTip(
+        tr("Aligns the pictures, unless that is done, and shows quickly and small "
+           "what the panorama will be, with seams."));
     m_make->setObjectName(QStringLiteral("panorama"));
     m_make->setToolTip(tr("Aligns the pictures, unless that is done, and blends them into one."));
     m_progress->setObjectName(QStringLiteral("taskProgress"));
@@ -106,6 +114,7 @@ FinishingPane::FinishingPane(QWidget *parent)
 
     m_clock.start();
     connect(m_align, &QPushButton::clicked, this, &FinishingPane::align);
+    connect(m_preview, &QPushButton::clicked, this, &FinishingPane::makePreview);
     connect(m_make, &QPushButton::clicked, this, &FinishingPane::makePanorama);
     connect(cancel, &QPushButton::clicked, &m_task, &BackgroundTask::cancel);
     connect(&m_task, &BackgroundTask::progressed, this, &FinishingPane::showProgress);
@@ -158,24 +167,46 @@ void FinishingPane::makePanorama()
     if (place.isEmpty())
         return;
     start([import = m_import, place](const Progress &progress, Outcome &outcome) {
-        if (!alignInto(outcome, import, progress))
-            return;
         StitchWishes wishes;
         wishes.output = place;
-        const PtoProject &project = outcome.aligned->project;
-        const Panorama panorama
-            = ::makePanorama(ReadProject{project, plainLight(project)}, wishes, progress);
-        outcome.problem = panorama.problem;
-        outcome.done = panorama.done;
-        if (!panorama.done)
-            return;
-        outcome.path = place;
-        outcome.picture = shownPicture(place);
-        const QSize size = panorama.stitched.frame.crop.size();
-        outcome.report += QStringLiteral("\n%1: %2 × %3 pixels")
-                              .arg(QFileInfo(place).fileName(), QLocale().toString(size.width()),
-                                  QLocale().toString(size.height()));
+        outcome.done = stitchInto(outcome, import, wishes, progress);
     });
+}
+
+void FinishingPane::makePreview()
+{
+    start([import = m_import](const Progress &progress, Outcome &outcome) {
+        const QTemporaryDir folder;
+        StitchWishes wishes;
+        wishes.output = folder.filePath(QStringLiteral("preview.jpg"));
+        wishes.preview = true;
+        outcome.done = stitchInto(outcome, import, wishes, progress);
+        if (outcome.done)
+            outcome.name = tr("Preview");
+    });
+}
+
+/// False when it cannot be, or was cancelled.
+bool FinishingPane::stitchInto(Outcome &outcome, const WrittenImport &import,
+    const StitchWishes &wishes, const Progress &progress)
+{
+    if (!alignInto(outcome, import, progress))
+        return false;
+    const PtoProject &project = outcome.aligned->project;
+    const Panorama panorama
+        = ::makePanorama(ReadProject{project, plainLight(project)}, wishes, progress);
+    outcome.problem = panorama.problem;
+    if (!panorama.done)
+        return false;
+    const Frame &frame = panorama.stitched.frame;
+    outcome.name = QFileInfo(wishes.output).fileName();
+    outcome.picture = shownPicture(wishes.output);
+    outcome.outlines = outlinesOf(project, frame);
+    if (!wishes.preview)
+        outcome.report += QStringLiteral("\n%1: %2 × %3 pixels")
+                              .arg(outcome.name, QLocale().toString(frame.crop.width()),
+                                  QLocale().toString(frame.crop.height()));
+    return true;
 }
 
 void FinishingPane::start(const Work &work)
@@ -223,13 +254,14 @@ void FinishingPane::showOutcome()
                                    : tr("Cancelled. What was found so far is kept, and the next "
                                         "try goes on from it."));
     m_report->show();
-    if (!outcome.path.isEmpty())
-        emit panoramaMade(outcome.path, outcome.picture);
+    if (!outcome.name.isEmpty())
+        emit panoramaMade(outcome.name, outcome.picture, outcome.outlines);
 }
 
 void FinishingPane::setBusy(bool isBusy)
 {
     m_align->setEnabled(!isBusy);
+    m_preview->setEnabled(!isBusy);
     m_make->setEnabled(!isBusy);
     m_working->setVisible(isBusy);
     if (isBusy)

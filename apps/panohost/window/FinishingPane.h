@@ -11,12 +11,14 @@
 
 #include <QElapsedTimer>
 #include <QImage>
+#include <QPolygonF>
 #include <QWidget>
 #include <optional>
 
 class QLabel;
 class QProgressBar;
 class QPushButton;
+struct StitchWishes;
 
 /// An import whose project has been written.
 struct WrittenImport {
@@ -39,13 +41,16 @@ public:
     bool isBusy() const { return m_task.isRunning(); }
 
     QPushButton *alignButton() const { return m_align; }
+    QPushButton *previewButton() const { return m_preview; }
     QPushButton *panoramaButton() const { return m_make; }
 
 signals:
     /// Work begins or ends.
     void busyChanged(bool isBusy);
-    /// A panorama is there: small, or null where it cannot be shown.
-    void panoramaMade(const QString &path, const QImage &picture);
+    /// A panorama or a preview is there, called \a name. \a picture is small, or null where it
+    /// cannot be shown; \a outlines as outlinesOf() gives them.
+    void panoramaMade(
+        const QString &name, const QImage &picture, const QVector<QPolygonF> &outlines);
 
 private:
     struct Aligned {
@@ -59,7 +64,10 @@ private:
 
     void align();
     void makePanorama();
+    void makePreview();
     static bool alignInto(Outcome &outcome, const WrittenImport &import, const Progress &progress);
+    static bool stitchInto(Outcome &outcome, const WrittenImport &import,
+        const StitchWishes &wishes, const Progress &progress);
     void start(const Work &work);
     void showProgress(const QString &step, int done, int total);
     void showOutcome();
@@ -78,6 +86,7 @@ private:
     QElapsedTimer m_clock;
 
     QPushButton *m_align;
+    QPushButton *m_preview;
     QPushButton *m_make;
     QWidget *m_working;
     QProgressBar *m_progress;

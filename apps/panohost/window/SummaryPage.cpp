@@ -5,6 +5,7 @@
 
 #include "apps/panohost/window/MapView.h"
 
+#include <QCheckBox>
 #include <QDesktopServices>
 #include <QDialogButtonBox>
 #include <QDir>
@@ -23,9 +24,15 @@
 /// Shows a picture as large as there is room.
 class PictureView final : public QWidget {
 public:
-    void setPicture(const QImage &picture)
+    void setPicture(const QImage &picture, const QVector<QPolygonF> &outlines)
     {
         m_picture = QPixmap::fromImage(picture);
+        m_outlines = outlines;
+        update();
+    }
+    void showOutlines(bool shown)
+    {
+        m_outlinesShown = shown;
         update();
     }
     QSize sizeHint() const override { return {400, 200}; }
@@ -38,10 +45,24 @@ protected:
         QPainter painter(this);
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
         painter.drawPixmap(place, m_picture);
+        if (!m_outlinesShown)
+            return;
+        painter.setClipRect(place);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.translate(place.topLeft());
+        const QTransform scale = QTransform::fromScale(place.width(), place.height());
+        // Seen on bright and on dark.
+        for (const QPen &pen : {QPen(Qt::black, 3), QPen(Qt::yellow, 1)}) {
+            painter.setPen(pen);
+            for (const QPolygonF &line : qAsConst(m_outlines))
+                painter.drawPolyline(scale.map(line));
+        }
     }
 
 private:
     QPixmap m_picture;
+    QVector<QPolygonF> m_outlines;
+    bool m_outlinesShown = false;
 };
 
 SummaryPage::SummaryPage(QWidget *parent)
@@ -51,7 +72,9 @@ SummaryPage::SummaryPage(QWidget *parent)
     , m_figures(new QFormLayout)
     , m_views(new QTabWidget)
     , m_map(new MapView)
+    , m_panorama(new QWidget)
     , m_picture(new PictureView)
+    , m_outlines(new QCheckBox(tr("Show where the pictures e&nd")))
     , m_finishing(new FinishingPane)
 {
     QFont font = m_title->font();
@@ -76,19 +99,31 @@ SummaryPage::SummaryPage(QWidget *parent)
     connect(open, &QPushButton::clicked, this, &SummaryPage::openProject);
     connect(folder, &QPushButton::clicked, this, &SummaryPage::showFolder);
     connect(another, &QPushButton::clicked, this, &SummaryPage::anotherWanted);
+    // Two rows: one would be wider than a small screen.
+    auto *finishing = new QHBoxLayout;
     auto *buttons = new QHBoxLayout;
+    finishing->addStretch(1);
+    buttons->addStretch(1);
     for (QPushButton *button :
-        {m_finishing->alignButton(), m_finishing->panoramaButton(), open, folder, another}) {
-        button->setAutoDefault(true); // Enter takes it.
+        {m_finishing->alignButton(), m_finishing->previewButton(), m_finishing->panoramaButton()})
+        finishing->addWidget(button);
+    for (QPushButton *button : {open, folder, another})
         buttons->addWidget(button);
-        if (button == m_finishing->panoramaButton())
-            buttons->addStretch(1);
-    }
+    for (QPushButton *button : {m_finishing->alignButton(), m_finishing->previewButton(),
+             m_finishing->panoramaButton(), open, folder, another})
+        button->setAutoDefault(true); // Enter takes it.
     connect(m_finishing, &FinishingPane::busyChanged, another, &QWidget::setDisabled);
     connect(m_finishing, &FinishingPane::panoramaMade, this, &SummaryPage::showPanorama);
     m_picture->setObjectName(QStringLiteral("panoramaPicture"));
-    m_picture->setParent(m_views);
-    m_picture->hide();
+    m_outlines->setObjectName(QStringLiteral("outlines"));
+    connect(m_outlines, &QCheckBox::toggled, this,
+        [this](bool shown) { m_picture->showOutlines(shown); });
+    auto *panorama = new QVBoxLayout(m_panorama);
+    panorama->setContentsMargins(0, 0, 0, 0);
+    panorama->addWidget(m_picture, 1);
+    panorama->addWidget(m_outlines, 0, Qt::AlignLeft);
+    m_panorama->setParent(m_views);
+    m_panorama->hide();
     m_views->setDocumentMode(true);
     m_views->setTabBarAutoHide(true);
     m_views->addTab(m_map, tr("Map"));
@@ -100,6 +135,7 @@ SummaryPage::SummaryPage(QWidget *parent)
     layout->addLayout(m_figures);
     layout->addWidget(m_views, 1);
     layout->addWidget(m_finishing);
+    layout->addLayout(finishing);
     layout->addLayout(buttons);
 }
 
@@ -107,7 +143,7 @@ void SummaryPage::show(const WrittenImport &import, const QVector<RecordFigure> 
 {
     m_project = import.project;
     m_finishing->setImport(import);
-    m_views->removeTab(m_views->indexOf(m_picture));
+    m_views->removeTab(m_views->indexOf(m_panorama));
     const QFileInfo info(m_project);
     m_title->setText(tr("“%1” is ready").arg(info.fileName()));
     m_path->setText(QDir::toNativeSeparators(info.absoluteFilePath()));
@@ -140,14 +176,15 @@ void SummaryPage::openProject()
             .arg(QDir::toNativeSeparators(m_project)));
 }
 
-void SummaryPage::showPanorama(const QString &path, const QImage &picture)
+void SummaryPage::showPanorama(
+    const QString &name, const QImage &picture, const QVector<QPolygonF> &outlines)
 {
-    m_views->removeTab(m_views->indexOf(m_picture));
+    m_views->removeTab(m_views->indexOf(m_panorama));
     if (picture.isNull())
         return;
-    m_picture->setPicture(picture);
-    m_views->addTab(m_picture, QFileInfo(path).fileName());
-    m_views->setCurrentWidget(m_picture);
+    m_picture->setPicture(picture, outlines);
+    m_views->addTab(m_panorama, name);
+    m_views->setCurrentWidget(m_panorama);
 }
 
 void SummaryPage::showFolder()

@@ -10,6 +10,7 @@
 
 class MapView;
 class PictureView;
+class QCheckBox;
 class QFormLayout;
 class QLabel;
 class QTabWidget;
@@ -34,7 +35,8 @@ protected:
 private:
     void openProject();
     void showFolder();
-    void showPanorama(const QString &path, const QImage &picture);
+    void showPanorama(
+        const QString &name, const QImage &picture, const QVector<QPolygonF> &outlines);
 
     QString m_project;
     QLabel *m_title;
@@ -42,7 +44,9 @@ private:
     QFormLayout *m_figures;
     QTabWidget *m_views;
     MapView *m_map;
+    QWidget *m_panorama;
     PictureView *m_picture;
+    QCheckBox *m_outlines;
     FinishingPane *m_finishing;
     QWidget *m_first;
 };
