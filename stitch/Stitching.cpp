@@ -14,6 +14,7 @@
 #include <QSet>
 #include <QThread>
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <numeric>
 
@@ -28,6 +29,8 @@ constexpr double kFusingWork = 2;
 constexpr double kBlendingWork = 6;
 /// Parts of the whole that progress tells of.
 constexpr int kParts = 1000;
+/// Evening out, remapping, merging, blending, web folder.
+constexpr int kSteps = 5;
 
 enum class Format { Jpeg, Tiff, Exr, Unknown };
 
@@ -137,10 +140,10 @@ private:
         double done = m_share[m_step] * part;
         for (int i = 0; i < m_step; ++i)
             done += m_share[i];
-        static const QString names[]
-            = {QStringLiteral("Evening out brightness"), QStringLiteral("Remapping"),
-                QStringLiteral("Merging exposures"), QStringLiteral("Blending")};
-        return m_progress(names[m_step], int(done / m_whole * kParts), kParts);
+        static const std::array<QString, kSteps> names{QStringLiteral("Evening out brightness"),
+            QStringLiteral("Remapping"), QStringLiteral("Merging exposures"),
+            QStringLiteral("Blending"), QStringLiteral("Making tiles")};
+        return m_progress(names.at(std::size_t(m_step)), int(done / m_whole * kParts), kParts);
     }
 
     /// Runs \a calls; \a done finishes what a call has made, false when it cannot.
@@ -482,7 +485,7 @@ private:
     int m_step = 0;
     double m_part = 0;
     int m_loaded = 0;
-    double m_share[5] = {};
+    std::array<double, kSteps> m_share{};
     double m_whole = 1;
     Stitched m_result;
 };

@@ -331,6 +331,7 @@ private slots:
         if (run.err.contains(QStringLiteral("was built without the viewer")))
             QSKIP("this was built without the viewer");
         QVERIFY2(run.exitCode == 0, qUtf8Printable(run.err));
+        QVERIFY2(run.err.contains(QStringLiteral("Making tiles, ")), qUtf8Printable(run.err));
         QVERIFY(run.out.contains(QStringLiteral("equirectangular\npano.web/index.html: ")));
         QVERIFY(QFile::exists(at(QStringLiteral("pano.web/viewer/COPYING"))));
         const QByteArray picture = contentOf(at(QStringLiteral("pano.web/picture.js")));
