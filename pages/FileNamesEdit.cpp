@@ -30,6 +30,7 @@ void FileNamesEdit::paintEvent(QPaintEvent *event)
         inside.width(), height);
     painter.setClipRect(inside);
     painter.setPen(palette().color(QPalette::Text));
+    // No character is narrower than a pixel.
     painter.drawText(
-        line, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine, text().left(kLongText));
+        line, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine, text().left(inside.width()));
 }

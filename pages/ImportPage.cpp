@@ -16,18 +16,24 @@
 #include <QUrl>
 #include <QWizard>
 
+#include <algorithm>
 #include <limits>
 
 namespace {
+
+bool isLocalFile(const QUrl &url)
+{
+    const QString path = url.toLocalFile();
+    return !path.isEmpty() && !QFileInfo(path).isDir();
+}
 
 QStringList localFiles(const QMimeData &data)
 {
     QStringList files;
     const QList<QUrl> urls = data.urls();
     for (const QUrl &url : urls) {
-        const QString path = url.toLocalFile();
-        if (!path.isEmpty() && !QFileInfo(path).isDir())
-            files.append(path);
+        if (isLocalFile(url))
+            files.append(url.toLocalFile());
     }
     return files;
 }
@@ -236,7 +242,8 @@ void ImportPage::changeEvent(QEvent *event)
 
 void ImportPage::dragEnterEvent(QDragEnterEvent *event)
 {
-    if (!localFiles(*event->mimeData()).isEmpty())
+    const QList<QUrl> urls = event->mimeData()->urls();
+    if (std::any_of(urls.cbegin(), urls.cend(), isLocalFile))
         acceptAsCopy(*event);
 }
 
