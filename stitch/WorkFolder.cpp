@@ -16,6 +16,8 @@ const QString kFinished = QStringLiteral("done-");
 const QString kUnfinished = QStringLiteral("part-");
 const QString kLock = QStringLiteral("lock");
 const QString kLog = QStringLiteral("log.txt");
+/// Milliseconds.
+constexpr int kPatience = 2000;
 
 } // namespace
 
@@ -40,7 +42,9 @@ QString WorkFolder::open()
         return QStringLiteral("%1: the folder for the work cannot be made").arg(m_path);
     m_lock = std::make_unique<QLockFile>(file(kLock));
     m_lock->setStaleLockTime(0);
-    if (!m_lock->tryLock(0)) {
+    // What a run has started that was killed may take a moment to end, and holds the lock till
+    // then.
+    if (!m_lock->tryLock(kPatience)) {
         const bool isOther = m_lock->error() == QLockFile::LockFailedError;
         m_lock.reset();
         return isOther ? QStringLiteral("%1: another run is at work there").arg(m_path)
