@@ -14,7 +14,6 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QUrl>
-#include <QWizard>
 
 #include <algorithm>
 #include <limits>
@@ -51,6 +50,7 @@ ImportPage::ImportPage(QWidget *parent)
     : QWizardPage(parent)
 {
     setAcceptDrops(true);
+    connect(this, &QWizardPage::completeChanged, this, &ImportPage::tellWizard);
 }
 
 ImportPage::~ImportPage()
@@ -259,6 +259,7 @@ void ImportPage::dropEvent(QDropEvent *event)
 void ImportPage::showEvent(QShowEvent *event)
 {
     QWizardPage::showEvent(event);
+    spareWizard();
     // The wizard fills its header only after the page is shown.
     QMetaObject::invokeMethod(
         this, [this] { connectSubtitleLinks(); }, Qt::QueuedConnection);
@@ -285,4 +286,25 @@ void ImportPage::connectSubtitleLinks()
         m_subtitleLinks.push_back(
             connect(label, &QLabel::linkActivated, this, &ImportPage::openLink));
     }
+}
+
+// Whenever completeness may have changed, a wizard hides and shows its whole window to set its
+// buttons. With every ten pictures that takes longer than all else, and hardly ever is there news.
+void ImportPage::spareWizard()
+{
+    constexpr auto slot = SLOT(_q_updateButtonStates());
+    // Where a later Qt has it otherwise, all stays as it is.
+    if (!wizard() || wizard()->metaObject()->indexOfSlot(slot + 1) < 0
+        || !disconnect(this, SIGNAL(completeChanged()), wizard(), slot))
+        return;
+    m_sparedWizard = wizard();
+    m_toldComplete.reset();
+}
+
+void ImportPage::tellWizard()
+{
+    if (!m_sparedWizard || m_sparedWizard != wizard() || m_toldComplete == isComplete())
+        return;
+    m_toldComplete = isComplete();
+    setCommitPage(isCommitPage()); // Has the wizard ask the page.
 }

@@ -11,9 +11,11 @@
 #include "preview/PreviewPane.h"
 #include "reader/ReadingThread.h"
 
-#include <QWizardPage>
+#include <QPointer>
+#include <QWizard>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 class QLabel;
@@ -135,6 +137,8 @@ protected:
 private:
     void publish();
     void connectSubtitleLinks();
+    void spareWizard();
+    void tellWizard();
 
     QLineEdit *m_leImages = nullptr;
     OptionBoxes m_options;
@@ -146,4 +150,7 @@ private:
     /// Whether the results of the present list were never taken.
     bool m_listIsNew = false;
     std::vector<QMetaObject::Connection> m_subtitleLinks;
+    /// Is told of completeness by tellWizard() alone.
+    QPointer<QWizard> m_sparedWizard;
+    std::optional<bool> m_toldComplete;
 };

@@ -114,9 +114,14 @@ void PreviewDrawing::paintFrame(QPainter &painter, const QRect &rect, PreviewCel
         colour = mark == PreviewCell::Mark::First ? QColor(0x2e, 0x9e, 0x4f)
                                                   : QColor(0xd0, 0x45, 0x3b);
     const int width = frameWidth(rect, mark);
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(colour, width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
-    painter.drawRect(rect.adjusted(width / 2, width / 2, -(width + 1) / 2, -(width + 1) / 2));
+    // Filled side by side: a stroke takes Qt ten times as long.
+    const QRect inner = rect.adjusted(width, width, -width, -width);
+    if (inner.isEmpty())
+        return painter.fillRect(rect, colour);
+    painter.fillRect(rect.left(), rect.top(), rect.width(), width, colour);
+    painter.fillRect(rect.left(), inner.bottom() + 1, rect.width(), width, colour);
+    painter.fillRect(rect.left(), inner.top(), width, inner.height(), colour);
+    painter.fillRect(inner.right() + 1, inner.top(), width, inner.height(), colour);
 }
 
 void PreviewDrawing::paintCaption(QPainter &painter, const QRect &rect, const QString &caption)

@@ -105,6 +105,26 @@ QStringList stateOf(const PageDriver &driver)
     return state;
 }
 
+/// Counts the events of one kind that reach an object.
+class EventCounter final : public QObject { // clazy:exclude=missing-qobject-macro
+public:
+    EventCounter(QObject &watched, QEvent::Type type, int &count)
+        : m_type(type)
+        , m_count(count)
+    {
+        watched.installEventFilter(this);
+    }
+    bool eventFilter(QObject * /*watched*/, QEvent *event) override
+    {
+        m_count += event->type() == m_type;
+        return false;
+    }
+
+private:
+    QEvent::Type m_type;
+    int &m_count;
+};
+
 QString groupsOf(const ProjectRecord &record)
 {
     QStringList groups;
@@ -148,6 +168,7 @@ private slots:
     void linkingChoicesExcludeEachOther();
     void subtitleLinkOpens_data() { heads(); }
     void subtitleLinkOpens();
+    void wizardIsSpared();
 
 private:
     static void heads(bool withFileOnly = false);
@@ -572,6 +593,27 @@ void tst_ImportPages::subtitleLinkOpens()
     QCoreApplication::processEvents();
     emit(*label)->linkActivated(QLatin1String(head().link));
     QCOMPARE(desktop.urls.size(), 2);
+}
+
+// A wizard that is told hides and shows all of itself.
+void tst_ImportPages::wizardIsSpared()
+{
+    PageDriver driver(new UIWPGigapan);
+    driver.drop(picturePaths(QStringLiteral("/p"), 4));
+    QVERIFY(driver.awaitRead(4));
+    QTest::qWait(0);
+    int hidden = 0;
+    const EventCounter counter(driver.page(), QEvent::Hide, hidden);
+    for (int i = 0; i < 3; ++i)
+        emit driver.page().completeChanged();
+    QCOMPARE(hidden, 0);
+    for (int i = 0; i < 2; ++i) {
+        QVERIFY(driver.isComplete());
+        driver.call("Reset");
+        QVERIFY(!driver.isComplete());
+        driver.drop(picturePaths(QStringLiteral("/p"), 4));
+        QVERIFY(driver.awaitRead(4));
+    }
 }
 
 FAKE_HOST_GUI_MAIN(tst_ImportPages)
