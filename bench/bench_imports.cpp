@@ -57,6 +57,26 @@ const Import kImports[] = {
     {"Gigapan", "gigapan", 1, nullptr, kPictures},
 };
 
+constexpr auto kSlowFile = "slow.xml";
+constexpr int kSlowPictures = 1000;
+/// Milliseconds.
+constexpr int kSlowPicture = 5;
+
+/// A host whose pictures may take longer than they do.
+class SlowHost final : public HostApplication {
+public:
+    using HostApplication::HostApplication;
+
+    /// Milliseconds that a picture takes at least. Set it while nothing is read.
+    unsigned long pictureTime = 0;
+
+    ImageInfo *ReadImageInfo(const QString &path) override
+    {
+        QThread::msleep(pictureTime);
+        return HostApplication::ReadImageInfo(path);
+    }
+};
+
 double since(const QElapsedTimer &timer)
 {
     return double(timer.nsecsElapsed()) / 1e6;
@@ -121,6 +141,7 @@ void prepare(const QString &folder)
     write(folder + QLatin1String("/list-1.txt"), list.left(list.lastIndexOf('\n', -2) + 1));
     write(folder + QLatin1String("/script.txt"), bench::claussScript(kPictures));
     write(folder + QLatin1String("/single.xml"), bench::shootingXml(kPictures));
+    write(folder + QLatin1Char('/') + QLatin1String(kSlowFile), bench::shootingXml(kSlowPictures));
     write(folder + QLatin1String("/brackets.xml"), bench::shootingXml(kPictures - 1, 3));
 }
 
@@ -144,13 +165,35 @@ double longestBlock(const std::function<void()> &act)
     return qMax(longest, blocks.longest());
 }
 
+/// Reads pictures that take their time into the window, as a user sees it.
+int readSlowlyInWindow(SlowHost &application, const HeadModule &module, const QString &folder)
+{
+    application.pictureTime = kSlowPicture;
+    const HeadImport &import = module.imports().at(2);
+    ImportView view(
+        import, application, [](const ProjectRecord &, const HeadFile &) { return true; });
+    view.resize(1000, 900);
+    view.show();
+    PageBench::runUntilIdle();
+    view.takeFiles(picturePaths(folder, kSlowPictures)
+        << folder + QLatin1Char('/') + QLatin1String(kSlowFile));
+    QElapsedTimer timer;
+    timer.start();
+    const double busy = bench::milliseconds(
+        [&] { PageBench::runUntil([&] { return import.page()->isComplete(); }); });
+    bench::Table table;
+    table.row(QStringLiteral("panohost's thread busy while %1 pictures of %2 ms are read")
+                  .arg(kSlowPictures)
+                  .arg(kSlowPicture),
+        100 * busy / since(timer), Bar::AtMost, 10, " %");
+    return table.exitCode();
+}
+
 /// Runs one import in the window and prints its rows.
-int importInWindow(HostApplication &application, const Import &import, const QString &folder)
+int importInWindow(HostApplication &application, const HeadModule &module, const Import &import,
+    const QString &folder)
 {
     bench::Table table;
-    const HeadModule module(findModule());
-    if (!module.problem().isEmpty())
-        qFatal("%s", qPrintable(module.problem()));
     double projectTime = 0;
     qint64 projectSize = 0;
     int links = 0;
@@ -290,7 +333,8 @@ int importAll()
     prepare(folder.path());
     bench::Table table;
     int exitCode = 0;
-    for (int index = 0; index < int(std::size(kImports)); ++index) {
+    // The one beyond the last reads slowly.
+    for (int index = 0; index <= int(std::size(kImports)); ++index) {
         QProcess process;
         process.setProcessChannelMode(QProcess::ForwardedChannels);
         process.start(
@@ -312,7 +356,7 @@ int main(int argc, char **argv)
 {
     // No settings of the user's are read or written.
     QStandardPaths::setTestModeEnabled(true);
-    HostApplication application(argc, argv);
+    SlowHost application(argc, argv);
     QCoreApplication::setOrganizationName(QStringLiteral("ZPanoHead"));
     QCoreApplication::setApplicationName(QStringLiteral("bench_imports"));
     const QTemporaryDir settings;
@@ -322,6 +366,11 @@ int main(int argc, char **argv)
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() != 3)
         return importAll();
-    return importInWindow(
-        application, kImports[arguments.at(1).toInt() % int(std::size(kImports))], arguments.at(2));
+    const HeadModule module(findModule());
+    if (!module.problem().isEmpty())
+        qFatal("%s", qPrintable(module.problem()));
+    const int index = arguments.at(1).toInt();
+    return index < int(std::size(kImports))
+        ? importInWindow(application, module, kImports[index], arguments.at(2))
+        : readSlowlyInWindow(application, module, arguments.at(2));
 }
