@@ -64,7 +64,10 @@ int showWindow(int &argc, char **argv)
     const HeadModule module(findModule());
     MainWindow window(application, module);
     window.show();
-    window.takeFiles(QCoreApplication::arguments().mid(1));
+    QStringList paths;
+    for (const QString &argument : QCoreApplication::arguments().mid(1))
+        paths += QFileInfo(argument).absoluteFilePath();
+    window.takeFiles(paths);
     return HostApplication::exec();
 }
 

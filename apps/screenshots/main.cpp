@@ -196,8 +196,8 @@ private:
 
 QPalette darkPalette()
 {
-    QPalette palette;
     const QColor ground(0x2b, 0x2d, 0x31);
+    QPalette palette(ground); // Edges too.
     const QColor field(0x1f, 0x20, 0x23);
     const QColor text(0xe6, 0xe6, 0xe6);
     for (const QPalette::ColorRole role :

@@ -107,6 +107,7 @@ void tst_ImportWords::advises_data()
     row("too many", stateOf(12, 15, 15, 0, false), Kind::Problem, "Too many: 3.");
     row("reading", stateOf(12, 12, 5, 1, false), Kind::Busy, "being read");
     row("unreadable", stateOf(12, 12, 10, 2, false), Kind::Problem, "cannot be read: 2");
+    row("whole without", stateOf(12, 13, 12, 1, false), Kind::Problem, "Leave them out");
     row("all unreadable", stateOf(2, 2, 0, 2, false), Kind::Problem, "cannot be read: 2");
     row("ready", stateOf(12, 12, 12, 0, true), Kind::Ready, "All 12 pictures");
     row("the page wants more", stateOf(12, 12, 12, 0, false), Kind::NextStep, "settings");

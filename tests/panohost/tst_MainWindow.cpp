@@ -105,6 +105,7 @@ private slots:
     void offersHeadsForFiles();
     void opensTheOnlyHead();
     void namesUnreadablePictures();
+    void choosesTooMuch();
     void stopsReading();
     void asksForMissingPictures();
     void keepsInputs();
@@ -471,6 +472,28 @@ void tst_MainWindow::namesUnreadablePictures()
     QTRY_VERIFY(!list->isVisible());
     import(at("x.pto"));
     QCOMPARE(m_imported.size(), 1);
+}
+
+void tst_MainWindow::choosesTooMuch()
+{
+    QStringList paths = makePictures(6);
+    writeFile(at("shooting.xml"), shootingXml(6, 1, 24));
+    writeFile(at("notes.jpg"), "no picture");
+    paths += {at("notes.jpg"), at("shooting.xml")};
+    QVERIFY(m_driver->click(QStringLiteral("Papywizard")));
+    WindowDriver::withDialogs(
+        [this] { QVERIFY(m_driver->click(QStringLiteral("m_pbSelectImages"))); },
+        [&](QWidget *dialog, int) {
+            dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))
+                ->setText(QLatin1Char('"') + paths.join(QLatin1String("\" \"")) + QLatin1Char('"'));
+            static_cast<QDialog *>(static_cast<QFileDialog *>(dialog))->accept();
+        });
+    QTRY_COMPARE(m_driver->page()->property("configFile").toString(), at("shooting.xml"));
+    QTRY_VERIFY2(advice().contains(QLatin1String("Leave them out")), qPrintable(advice()));
+    QVERIFY(m_driver->click(QStringLiteral("leaveOut")));
+    QVERIFY(m_driver->waitForPictures());
+    QCOMPARE(m_driver->page()->property("images").toStringList(), paths.mid(0, 6));
+    QTRY_VERIFY(!m_driver->button(QStringLiteral("leaveOut")));
 }
 
 void tst_MainWindow::stopsReading()

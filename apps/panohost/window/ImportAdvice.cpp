@@ -49,6 +49,11 @@ ImportAdvice adviceFor(const ImportState &state)
                 "The head took %1 pictures. Drop them here, or choose them below.")
                                   .arg(number(file.shots))
                             : AdviceTexts::tr("Drop the pictures here, or choose them below.")};
+    if (state.isWholeWithoutUnreadable())
+        return {Kind::Problem,
+            AdviceTexts::tr("Pictures that cannot be read: %1. Leave them out, or put them right "
+                            "and try again.")
+                .arg(number(state.unreadable))};
     if (state.wantsFile && !file.path.isEmpty() && file.shots != state.pictures)
         return {Kind::Problem, countProblem(file.shots, state.pictures)};
     if (state.isReading())

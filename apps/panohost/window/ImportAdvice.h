@@ -20,6 +20,11 @@ struct ImportState {
     bool isComplete = false;
 
     bool isReading() const { return read + unreadable < pictures; }
+    /// Whether all is there without what cannot be read.
+    bool isWholeWithoutUnreadable() const
+    {
+        return !isReading() && unreadable > 0 && read > 0 && (!wantsFile || file.shots == read);
+    }
 };
 
 struct ImportAdvice {

@@ -44,6 +44,7 @@ ImportBar::ImportBar(QWidget *parent)
     , m_timeLeft(new QLabel)
     , m_cancel(new QPushButton(tr("&Stop reading")))
     , m_retry(new QPushButton(tr("Try a&gain")))
+    , m_leaveOut(new QPushButton(tr("&Leave them out")))
     , m_unreadable(new QListWidget)
 {
     setFrameShape(QFrame::StyledPanel);
@@ -56,16 +57,21 @@ ImportBar::ImportBar(QWidget *parent)
     m_timeLeft->setObjectName(QStringLiteral("timeLeft"));
     m_cancel->setObjectName(QStringLiteral("stop"));
     m_retry->setObjectName(QStringLiteral("retry"));
+    m_leaveOut->setObjectName(QStringLiteral("leaveOut"));
     m_unreadable->setObjectName(QStringLiteral("unreadable"));
     m_unreadable->setAccessibleName(tr("Pictures that cannot be read"));
     m_unreadable->setTextElideMode(Qt::ElideMiddle);
     connect(m_cancel, &QPushButton::clicked, this, &ImportBar::cancelled);
     connect(m_retry, &QPushButton::clicked, this, &ImportBar::retried);
+    connect(m_leaveOut, &QPushButton::clicked, this, &ImportBar::leftOut);
 
     auto *layout = new QGridLayout(this);
     layout->addWidget(m_icon, 0, 0, Qt::AlignTop);
     layout->addWidget(m_text, 0, 1, 1, 2);
-    layout->addWidget(m_retry, 0, 3, Qt::AlignTop);
+    auto *ways = new QHBoxLayout;
+    ways->addWidget(m_leaveOut, 0, Qt::AlignTop);
+    ways->addWidget(m_retry, 0, Qt::AlignTop);
+    layout->addLayout(ways, 0, 3);
     layout->addWidget(m_progress, 1, 1);
     layout->addWidget(m_timeLeft, 1, 2);
     layout->addWidget(m_cancel, 1, 3);
@@ -95,6 +101,7 @@ void ImportBar::show(
         m_timeLeft->setText(timeLeftText(timeLeft));
     }
     m_retry->setVisible(!isReading && !unreadable.isEmpty());
+    m_leaveOut->setVisible(state.isWholeWithoutUnreadable());
     showList(unreadable);
 }
 

@@ -25,6 +25,8 @@ public:
 signals:
     void cancelled();
     void retried();
+    /// The import is to go on without what cannot be read.
+    void leftOut();
 
 private:
     void showList(const QMap<QString, QString> &unreadable);
@@ -35,5 +37,6 @@ private:
     QLabel *m_timeLeft;
     QPushButton *m_cancel;
     QPushButton *m_retry;
+    QPushButton *m_leaveOut;
     QListWidget *m_unreadable;
 };

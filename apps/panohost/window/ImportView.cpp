@@ -86,20 +86,32 @@ ImportView::ImportView(
     m_wizard->addPage(m_page);
 
     auto *layout = new QVBoxLayout(this);
-    layout->addWidget(m_bar);
-    addOptions(*layout);
+    // The pages are nearly as wide as a small screen: they get all of it.
+    QMargins sides = layout->contentsMargins();
+    layout->setContentsMargins(0, sides.top(), 0, sides.bottom());
+    sides.setTop(0);
+    sides.setBottom(0);
+    auto *above = new QVBoxLayout;
+    above->setContentsMargins(sides);
+    above->addWidget(m_bar);
+    addOptions(*above);
+    layout->addLayout(above);
     // The pages are taller than many a laptop's screen; what leads on stays in sight.
     auto *scroll = new QScrollArea;
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setWidgetResizable(true);
     scroll->setWidget(m_wizard);
     layout->addWidget(scroll, 1);
-    addButtons(*layout);
+    auto *below = new QHBoxLayout;
+    below->setContentsMargins(sides);
+    addButtons(*below);
+    layout->addLayout(below);
 
     m_page->installEventFilter(this);
     connect(m_wizard, &QDialog::finished, this, &ImportView::closed);
     connect(m_bar, &ImportBar::cancelled, this, [this] { startOver({}); });
     connect(m_bar, &ImportBar::retried, this, [this] { startOver(m_pictures); });
+    connect(m_bar, &ImportBar::leftOut, this, &ImportView::leaveOutUnreadable);
     connect(&m_host, &HostApplication::projectImported, this, &ImportView::takeRecord);
     connect(&m_host, &HostApplication::pictureUnreadable, this, &ImportView::noteUnreadable);
     connect(m_page, &QWizardPage::completeChanged, this, [this] {
@@ -133,7 +145,7 @@ void ImportView::giveBack()
     m_page = nullptr;
 }
 
-void ImportView::addButtons(QVBoxLayout &layout)
+void ImportView::addButtons(QHBoxLayout &layout)
 {
     m_finishButton->setDefault(true);
     m_finishButton->setEnabled(m_page->isComplete());
@@ -141,11 +153,9 @@ void ImportView::addButtons(QVBoxLayout &layout)
     connect(m_finishButton, &QPushButton::clicked, this,
         [this] { m_wizard->button(QWizard::FinishButton)->click(); });
     connect(back, &QPushButton::clicked, m_wizard, &QWizard::reject);
-    auto *buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    buttons->addWidget(m_finishButton);
-    buttons->addWidget(back);
-    layout.addLayout(buttons);
+    layout.addStretch(1);
+    layout.addWidget(m_finishButton);
+    layout.addWidget(back);
 }
 
 void ImportView::addOptions(QVBoxLayout &layout)
@@ -250,6 +260,12 @@ void ImportView::watchPictures()
     m_pictureSet = QSet<QString>(m_pictures.cbegin(), m_pictures.cend());
     m_unreadable.clear();
     m_pace.start(m_clock.elapsed());
+    // Whoever chooses all files of a folder as pictures chooses the head's among them.
+    const bool isMixed = m_state.wantsFile && !m_isHanding
+        && std::any_of(m_pictures.cbegin(), m_pictures.cend(),
+            [this](const QString &path) { return headFileFormat(path) == m_import.format(); });
+    if (isMixed)
+        QTimer::singleShot(0, this, [this] { startOver(m_pictures); });
     // Only a page that was reset has no pictures, and its record is as new.
     if (m_pictures.isEmpty())
         m_handedOver = {};
@@ -340,12 +356,22 @@ bool ImportView::askFocal()
 
 void ImportView::startOver(const QStringList &pictures)
 {
+    if (!m_page)
+        return;
     QStringList files = pictures;
     const QString file = m_page->property("configFile").toString();
     if (!file.isEmpty() && headFileFormat(file) == m_import.format())
         files.prepend(file);
     QMetaObject::invokeMethod(m_page, "Reset");
     hand(files);
+}
+
+void ImportView::leaveOutUnreadable()
+{
+    QStringList pictures;
+    std::copy_if(m_pictures.cbegin(), m_pictures.cend(), std::back_inserter(pictures),
+        [this](const QString &path) { return !m_unreadable.contains(path); });
+    startOver(pictures);
 }
 
 void ImportView::offerFullAngles()

@@ -18,6 +18,7 @@ class HostApplication;
 class ImportBar;
 class QCheckBox;
 class QPushButton;
+class QHBoxLayout;
 class QVBoxLayout;
 class QWizard;
 class QWizardPage;
@@ -50,7 +51,7 @@ protected:
 
 private:
     void addOptions(QVBoxLayout &layout);
-    void addButtons(QVBoxLayout &layout);
+    void addButtons(QHBoxLayout &layout);
     void hand(const QStringList &files);
     void watchPictures();
     void noteUnreadable(const QString &path, const QString &reason);
@@ -62,6 +63,7 @@ private:
     void takeRecord(const ProjectRecord &record);
     /// Reads \a pictures anew; the head's file stays.
     void startOver(const QStringList &pictures);
+    void leaveOutUnreadable();
     void offerFullAngles();
     void takeFullAngles(bool full);
 

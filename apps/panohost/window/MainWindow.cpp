@@ -181,10 +181,12 @@ void MainWindow::openImport(int head)
 
 void MainWindow::closeImport()
 {
-    if (m_isDone)
+    if (m_isDone) {
         m_pages->setCurrentWidget(m_summary);
-    else
+        setWindowTitle(QCoreApplication::applicationName());
+    } else {
         showStart();
+    }
     m_import->giveBack();
     // The wizard is still at work.
     m_import->deleteLater();
