@@ -3,12 +3,16 @@
 
 #include "stitch/Outlines.h"
 
+#include <QImage>
+#include <algorithm>
 #include <cmath>
 
 namespace {
 
 /// Points a side: the widest lenses bend it.
 constexpr int kSteps = 40;
+/// Places across in which seams are looked for.
+constexpr int kMostColumns = 1500;
 
 /// The border of a picture, in pixels from its centre, closed.
 QPolygonF borderOf(const QSize &size)
@@ -25,6 +29,39 @@ QPolygonF borderOf(const QSize &size)
     border.append(corners[4]);
     return border;
 }
+
+/// Which of the groups that were blended each place of a grid shows.
+class GroupMap {
+public:
+    explicit GroupMap(QSize size)
+        : m_size(size)
+        , m_groups(size.width() * size.height(), 0)
+    {
+    }
+    QSize size() const { return m_size; }
+    int at(int x, int y) const { return m_groups.at(y * m_size.width() + x); }
+
+    void cover(const QImage &mask, int group)
+    {
+        for (int y = 0; y < m_size.height(); ++y) {
+            const uchar *line = mask.constScanLine(middle(y, m_size.height(), mask.height()));
+            for (int x = 0; x < m_size.width(); ++x) {
+                if (line[middle(x, m_size.width(), mask.width())] > 0x7f)
+                    m_groups[y * m_size.width() + x] = group;
+            }
+        }
+    }
+
+private:
+    /// The pixel of \a pixels in the middle of the place \a cell of \a cells.
+    static int middle(int cell, int cells, int pixels)
+    {
+        return int((2 * qint64(cell) + 1) * pixels / 2 / cells);
+    }
+
+    QSize m_size;
+    QVector<int> m_groups;
+};
 
 } // namespace
 
@@ -61,6 +98,64 @@ QVector<QPolygonF> outlinesOf(const PtoProject &project, const Frame &frame)
             line.append(part);
         }
         end();
+    }
+    return lines;
+}
+
+QVector<QPolygonF> seamsOf(const PtoProject &project, const Frame &frame, const QStringList &masks)
+{
+    const QSize whole = frame.crop.size();
+    GroupMap map(whole.width() <= kMostColumns
+            ? whole
+            : QSize(kMostColumns,
+                std::max(1, qRound(double(kMostColumns) * whole.height() / whole.width()))));
+    int group = 0;
+    for (const QString &path : masks) {
+        const QImage mask = QImage(path).convertToFormat(QImage::Format_Grayscale8);
+        if (mask.isNull())
+            return {};
+        map.cover(mask, ++group);
+    }
+
+    const QVector<View> views = viewsOf(project);
+    const auto isFirst = [&project](int i) {
+        return i == 0 || project.pictures.at(i).location != project.pictures.at(i - 1).location;
+    };
+    const double width = map.size().width();
+    const double height = map.size().height();
+    // Beyond the pictures' borders masks are white or black by chance.
+    const auto isOverlap = [&](const QPointF &part) {
+        const auto direction = frame.unproject(
+            frame.crop.topLeft() + QPointF(part.x() * whole.width(), part.y() * whole.height()));
+        int seen = 0;
+        for (int i = 0; direction && seen < 2 && i < views.size(); ++i)
+            seen += isFirst(i) && views.at(i).sees(*direction) ? 1 : 0;
+        return seen == 2;
+    };
+    QVector<QPolygonF> lines;
+    // From the corner (x, y) to the next below, or to the right.
+    const auto addSide = [&](int x, int y, bool isDown) {
+        const QPointF from(x / width, y / height);
+        const QPointF to((x + !isDown) / width, (y + isDown) / height);
+        if (!isOverlap((from + to) / 2))
+            return;
+        if (!lines.isEmpty() && lines.last().last() == from
+            && (lines.last().first().x() == to.x() || lines.last().first().y() == to.y()))
+            lines.last().last() = to;
+        else
+            lines.append(QVector<QPointF>{from, to});
+    };
+    for (int x = 1; x < map.size().width(); ++x) {
+        for (int y = 0; y < map.size().height(); ++y) {
+            if (map.at(x - 1, y) != map.at(x, y))
+                addSide(x, y, true);
+        }
+    }
+    for (int y = 1; y < map.size().height(); ++y) {
+        for (int x = 0; x < map.size().width(); ++x) {
+            if (map.at(x, y - 1) != map.at(x, y))
+                addSide(x, y, false);
+        }
     }
     return lines;
 }

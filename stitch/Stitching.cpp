@@ -3,6 +3,7 @@
 
 #include "stitch/Stitching.h"
 
+#include "stitch/Outlines.h"
 #include "stitch/Photometry.h"
 #include "stitch/Script.h"
 #include "stitch/Tags.h"
@@ -84,6 +85,41 @@ QVector<int> representatives(const PtoProject &project)
     return result;
 }
 
+/// Hears from enblend's lines how far it is. It blends groups of pictures that do not overlap, one
+/// after the other.
+class BlendingEar {
+public:
+    /// \a pictures are blended, their paths all beginning with \a prefix.
+    BlendingEar(int pictures, QByteArray prefix)
+        : m_pictures(pictures)
+        , m_prefix(std::move(prefix))
+    {
+    }
+
+    /// The part that is done when \a line has been said.
+    double hear(const QByteArray &line)
+    {
+        if (line.contains("combining non-overlapping images:")) {
+            m_before = m_named;
+            m_named += line.count(m_prefix);
+            m_lines = 0;
+        } else if (m_lines < kLines) {
+            ++m_lines;
+        }
+        const double done = m_before + (m_named - m_before) * double(m_lines) / kLines;
+        return std::min(0.99, done / m_pictures);
+    }
+
+private:
+    /// That it says of a group.
+    static constexpr int kLines = 9;
+    int m_pictures;
+    QByteArray m_prefix;
+    int m_before = 0;
+    int m_named = 0;
+    int m_lines = 0;
+};
+
 /// One stitch().
 class Work {
 public:
@@ -93,7 +129,6 @@ public:
         , m_wishes(wishes)
         , m_folder(folder)
         , m_progress(progress)
-        , m_rendering(renderingOf(project))
         , m_format(formatOf(wishes.output))
         , m_jobs(jobsOf(wishes))
     {
@@ -105,19 +140,36 @@ public:
         const auto frame = frameOf(m_project, m_wishes.frame, &m_result.problem);
         if (!frame)
             return m_result;
-        m_frame = m_wishes.preview ? frame->scaledTo(std::min(kPreviewWidth, frame->crop.width()))
-                                   : *frame;
+        m_frame = *frame;
+        if (m_wishes.preview)
+            simplify();
+        m_rendering = renderingOf(m_project);
         m_result.frame = m_frame;
         m_layers = layersOf(m_project, m_frame);
         reckon();
-        const bool well = m_wishes.preview ? preview()
-                                           : (!m_wishes.photometric || evenOut()) && remap()
-                && mergeStacks() && blend() && writeWeb() && finish();
-        m_result.done = well;
+        m_result.done = (!m_wishes.photometric || evenOut()) && remap() && mergeStacks() && blend()
+            && writeWeb() && finish();
         return m_result;
     }
 
 private:
+    /// Leaves what a preview is made of: few pixels, and of each location one picture as it is.
+    void simplify()
+    {
+        PtoProject project = m_project;
+        project.pictures.clear();
+        project.outputType = 0;
+        QVector<PictureLight> light;
+        for (const int place : representatives(m_project)) {
+            project.pictures.append(m_project.pictures.at(place));
+            light.append(m_light.at(place));
+        }
+        m_project = project;
+        m_light = light;
+        m_frame = m_frame.scaledTo(std::min(kPreviewWidth, m_frame.crop.width()));
+        m_wishes.photometric = false;
+    }
+
     /// How much there is to do, in remapped pixels.
     void reckon()
     {
@@ -371,51 +423,24 @@ private:
         if (m_folder.has(m_blended))
             return true;
         const QString result = m_folder.unfinished(m_blended);
-        const auto hear = [this](const QByteArray &line) {
-            if (line.contains("loading next image"))
-                m_part = std::min(0.99, ++m_loaded / double(m_remapped.size()));
-        };
+        if (m_wishes.seams) {
+            QString masks = m_folder.unfinished(QStringLiteral("mask-"));
+            masks.replace(QLatin1Char('%'), QLatin1String("%%"));
+            arguments << QStringLiteral("--save-masks=") + masks + QStringLiteral("%n.png");
+        }
+        BlendingEar ear(layers.size(), m_folder.file(QStringLiteral("done-")).toUtf8());
         return run(
             {{QStringLiteral("enblend"),
                 arguments << QStringLiteral("-o") << result << QStringLiteral("--") << layers,
                 result}},
-            [&](int) { return WorkFolder::finish(result, m_blended); }, hear);
-    }
-
-    /// Of each location one picture, put together by nona alone.
-    bool preview()
-    {
-        m_step = 1;
-        QVector<PtoProject::Picture> pictures;
-        QVector<PictureLight> light;
-        for (const int place : representatives(m_project)) {
-            if (m_layers.at(place).isEmpty())
-                continue;
-            pictures.append(m_project.pictures.at(place));
-            light.append(m_light.at(place));
-        }
-        m_blended = m_folder.finished("preview", "", ".jpg");
-        const QString result = m_folder.unfinished(m_blended);
-        const QString script = result + QStringLiteral(".pto");
-        if (!write(script, remapScript(m_frame, pictures, light, m_project.outputExposure, false)))
-            return false;
-        int remapped = 0;
-        const auto hear = [&](const QByteArray &line) {
-            if (line.startsWith("remapping"))
-                m_part = std::min(0.99, ++remapped / double(pictures.size()));
-        };
-        return run(
-                   {{QStringLiteral("nona"),
-                       {QStringLiteral("-v"), QStringLiteral("-r"), QStringLiteral("ldr"),
-                           QStringLiteral("-m"), QStringLiteral("JPEG"), QStringLiteral("-z"),
-                           kJpegQuality, QStringLiteral("-o"), result, script},
-                       result}},
-                   [&](int) {
-                       QFile::remove(script);
-                       return WorkFolder::finish(result, m_blended);
-                   },
-                   hear)
-            && finish();
+            [&](int) {
+                const QStringList masks = m_folder.allUnfinished(QStringLiteral("mask-*.png"));
+                m_result.seams = seamsOf(m_project, m_frame, masks);
+                for (const QString &mask : masks)
+                    QFile::remove(mask);
+                return WorkFolder::finish(result, m_blended);
+            },
+            [&](const QByteArray &line) { m_part = ear.hear(line); });
     }
 
     bool writeWeb()
@@ -469,11 +494,11 @@ private:
         return m_result.problem.isEmpty();
     }
 
-    const PtoProject &m_project;
-    const StitchWishes &m_wishes;
+    PtoProject m_project;
+    StitchWishes m_wishes;
     WorkFolder &m_folder;
     const Progress &m_progress;
-    Rendering m_rendering;
+    Rendering m_rendering = Rendering::Plain;
     Format m_format;
     int m_jobs;
     QVector<PictureLight> m_light;
@@ -484,7 +509,6 @@ private:
     QString m_blended;
     int m_step = 0;
     double m_part = 0;
-    int m_loaded = 0;
     std::array<double, kSteps> m_share{};
     double m_whole = 1;
     Stitched m_result;
@@ -528,10 +552,9 @@ QString nameMisfit(Rendering rendering, const StitchWishes &wishes)
 
 QStringList toolsFor(Rendering rendering, const StitchWishes &wishes)
 {
-    QStringList tools{QStringLiteral("nona")};
+    QStringList tools{QStringLiteral("nona"), QStringLiteral("enblend")};
     if (wishes.preview)
         return tools;
-    tools.append(QStringLiteral("enblend"));
     if (wishes.photometric)
         tools.append(QStringLiteral("vig_optimize"));
     if (rendering == Rendering::Fused)

@@ -10,6 +10,7 @@
 #include "stitch/WebFolder.h"
 #include "stitch/WorkFolder.h"
 
+#include <QPolygonF>
 #include <optional>
 
 /// What is to be made of an aligned project.
@@ -22,8 +23,10 @@ struct StitchWishes {
     /// A folder that shows the panorama in a browser, for what is equirectangular and no radiance;
     /// its path is empty when none is wanted.
     WebFolder web;
-    /// A small picture within seconds: not blended, and of each stack only the reference.
+    /// A small picture within seconds, of each stack only the reference.
     bool preview = false;
+    /// Find out where the seams run.
+    bool seams = false;
     /// Bytes; 0: what is available.
     qint64 memory = 0;
     /// The finished picture is not moved out of the work folder, but copied.
@@ -39,6 +42,8 @@ struct Stitched {
     Frame frame;
     /// Whether vignetting or exposure were found to differ, and were evened out.
     bool evenedOut = false;
+    /// As seamsOf(), when wished; none when an earlier run had blended it.
+    QVector<QPolygonF> seams;
 };
 
 /// How \a project is to be rendered.

@@ -50,10 +50,7 @@ QString WorkFolder::open()
         return isOther ? QStringLiteral("%1: another run is at work there").arg(m_path)
                        : QStringLiteral("%1: cannot be written to").arg(m_path);
     }
-    const QDir folder(m_path);
-    for (const QString &name : folder.entryList({kUnfinished + QLatin1Char('*')}, QDir::Files))
-        QFile::remove(folder.filePath(name));
-    QFile::remove(file(kLog));
+    sweep();
     return {};
 }
 
@@ -76,6 +73,15 @@ QString WorkFolder::unfinished(const QString &finished) const
     return file(kUnfinished + QFileInfo(finished).fileName());
 }
 
+QStringList WorkFolder::allUnfinished(const QString &pattern) const
+{
+    QStringList paths;
+    for (const QString &name :
+        QDir(m_path).entryList({kUnfinished + pattern}, QDir::Files, QDir::Name))
+        paths.append(file(name));
+    return paths;
+}
+
 bool WorkFolder::finish(const QString &unfinished, const QString &finished)
 {
     return std::rename(
@@ -96,14 +102,18 @@ void WorkFolder::prune() const
     }
 }
 
+void WorkFolder::sweep() const
+{
+    for (const QString &path : allUnfinished(QStringLiteral("*")))
+        QFile::remove(path);
+    QFile::remove(file(kLog));
+}
+
 void WorkFolder::remove()
 {
     m_wanted.clear();
     prune();
-    const QDir folder(m_path);
-    for (const QString &name : folder.entryList({kUnfinished + QLatin1Char('*')}, QDir::Files))
-        QFile::remove(folder.filePath(name));
-    QFile::remove(file(kLog));
+    sweep();
     m_lock.reset();
     QDir().rmdir(m_path);
 }

@@ -32,6 +32,8 @@ public:
     bool has(const QString &finished) const;
     /// Where something is made that is not finished yet; swept by open().
     QString unfinished(const QString &finished) const;
+    /// The unfinished files of names like \a pattern, in their order.
+    QStringList allUnfinished(const QString &pattern) const;
     /// Makes what was unfinished finished. False when it cannot.
     static bool finish(const QString &unfinished, const QString &finished);
 
@@ -41,6 +43,9 @@ public:
     void remove();
 
 private:
+    /// Takes away what is not finished.
+    void sweep() const;
+
     QString m_path;
     QSet<QString> m_wanted;
     std::unique_ptr<QLockFile> m_lock;

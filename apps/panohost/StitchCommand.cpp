@@ -32,7 +32,7 @@ public:
             {"crop", "covered|inside|full",
                 "all that is covered (default), the largest part without a hole, or the canvas"},
             {"no-photometric", nullptr, "leave vignetting and differences of exposure"},
-            {"preview", nullptr, "1500 pixels within seconds, not blended"},
+            {"preview", nullptr, "1500 pixels within seconds; of a stack one picture"},
             {"web", "DIR", "write a folder that shows the panorama in any browser, too"},
             {"report", "FILE.txt|json", "where the alignment's report is written, too"},
             {"memory", "GB", "refuse what needs more memory, instead of what is available"},

@@ -127,9 +127,13 @@ private:
         shoot(QStringLiteral("aligned"));
         demand(m_driver.click(QStringLiteral("preview")), "no preview");
         demand(WindowDriver::waitFor([this] { return !isBusy(); }), "the preview is not made");
-        demand(m_driver.click(QStringLiteral("outlines")), "no outlines");
+        const auto switchLines = [this] {
+            for (const char *lines : {"outlines", "seams"})
+                demand(m_driver.click(QLatin1String(lines)), "no outlines or seams");
+        };
+        switchLines();
         shoot(QStringLiteral("preview"));
-        demand(m_driver.click(QStringLiteral("outlines")), "the outlines stay");
+        switchLines();
         WindowDriver::withDialogs(
             [this] { demand(m_driver.click(QStringLiteral("panorama")), "no panorama"); },
             [](QWidget *dialog, int) {

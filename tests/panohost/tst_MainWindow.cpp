@@ -885,10 +885,12 @@ void tst_MainWindow::finishesWhatItImported()
     auto *shown = m_window->findChild<QWidget *>(QStringLiteral("panoramaPicture"));
     QVERIFY2(shown->isVisible(), qPrintable(report->text()));
     const QImage plain = shown->grab().toImage();
-    QVERIFY(m_driver->click(QStringLiteral("outlines")));
-    QVERIFY(shown->grab().toImage() != plain);
-    QVERIFY(m_driver->click(QStringLiteral("outlines")));
-    QCOMPARE(shown->grab().toImage(), plain);
+    for (const char *lines : {"outlines", "seams"}) {
+        QVERIFY(m_driver->click(QLatin1String(lines)));
+        QVERIFY(shown->grab().toImage() != plain);
+        QVERIFY(m_driver->click(QLatin1String(lines)));
+        QCOMPARE(shown->grab().toImage(), plain);
+    }
     QCOMPARE(QDir(at("shooting")).entryList(QDir::Files), files);
 
     // Never over a picture of the shooting.

@@ -5,6 +5,8 @@
 #include "stitch/Need.h"
 #include "stitch/Outlines.h"
 
+#include <QImage>
+#include <QTemporaryDir>
 #include <QTest>
 #include <cmath>
 
@@ -84,6 +86,42 @@ private slots:
                     QVERIFY(std::abs(line[k].x() - line[k - 1].x()) < 0.5);
             }
         }
+    }
+
+    // Each line runs where one picture came over another and both are there; the last mask counts.
+    void seamsLieInOverlaps()
+    {
+        const QTemporaryDir folder;
+        const PtoProject project = rows(0, 10, 3, {0}, 50);
+        QString problem;
+        const auto frame = frameOf(project, {}, &problem);
+        QVERIFY2(frame, qPrintable(problem));
+        // The second picture comes over the first from two fifths on, the third from three fifths
+        // on; beyond the pictures the masks are white at the left.
+        QStringList masks;
+        for (const int from : {2, 3}) {
+            QImage mask(frame->crop.size(), QImage::Format_Grayscale8);
+            mask.fill(0);
+            for (int y = 0; y < mask.height(); ++y) {
+                const int start = mask.width() * from / 5;
+                std::fill(mask.scanLine(y) + start, mask.scanLine(y) + mask.width(), uchar(255));
+                mask.scanLine(y)[0] = 255;
+            }
+            masks.append(folder.filePath(QStringLiteral("%1.png").arg(from)));
+            QVERIFY(mask.save(masks.last()));
+        }
+        double length = 0;
+        for (const QPolygonF &line : seamsOf(project, *frame, masks)) {
+            QCOMPARE(line.size(), 2);
+            QCOMPARE(line[0].x(), line[1].x());
+            const double x = line[0].x();
+            QVERIFY2(std::min(std::abs(x - 0.4), std::abs(x - 0.6)) < 0.002,
+                qPrintable(QString::number(x)));
+            length += line[1].y() - line[0].y();
+        }
+        QVERIFY2(length > 1.6 && length < 2.001, qPrintable(QString::number(length)));
+        masks.append(folder.filePath(QStringLiteral("none.png")));
+        QVERIFY(seamsOf(project, *frame, masks).isEmpty());
     }
 
     void usualFrame_data()

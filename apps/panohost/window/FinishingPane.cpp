@@ -34,10 +34,8 @@ struct FinishingPane::Outcome {
     QString report;
     /// What the project's file holds now; empty when it was not written.
     QByteArray text;
-    /// The panorama's; empty when none was made.
-    QString name;
-    QImage picture;
-    QVector<QPolygonF> outlines;
+    /// Without a name when none was made.
+    ShownPanorama shown;
 };
 
 namespace {
@@ -89,7 +87,7 @@ FinishingPane::FinishingPane(QWidget *parent)
     m_preview->setObjectName(QStringLiteral("preview"));
     m_preview->setToolTip(
         tr("Aligns the pictures, unless that is done, and shows quickly and small "
-           "what the panorama will be, with seams."));
+           "what the panorama will be."));
     m_make->setObjectName(QStringLiteral("panorama"));
     m_make->setToolTip(tr("Aligns the pictures, unless that is done, and blends them into one."));
     m_progress->setObjectName(QStringLiteral("taskProgress"));
@@ -169,6 +167,7 @@ void FinishingPane::makePanorama()
     start([import = m_import, place](const Progress &progress, Outcome &outcome) {
         StitchWishes wishes;
         wishes.output = place;
+        wishes.seams = true;
         outcome.done = stitchInto(outcome, import, wishes, progress);
     });
 }
@@ -180,9 +179,10 @@ void FinishingPane::makePreview()
         StitchWishes wishes;
         wishes.output = folder.filePath(QStringLiteral("preview.jpg"));
         wishes.preview = true;
+        wishes.seams = true;
         outcome.done = stitchInto(outcome, import, wishes, progress);
         if (outcome.done)
-            outcome.name = tr("Preview");
+            outcome.shown.name = tr("Preview");
     });
 }
 
@@ -199,12 +199,11 @@ bool FinishingPane::stitchInto(Outcome &outcome, const WrittenImport &import,
     if (!panorama.done)
         return false;
     const Frame &frame = panorama.stitched.frame;
-    outcome.name = QFileInfo(wishes.output).fileName();
-    outcome.picture = shownPicture(wishes.output);
-    outcome.outlines = outlinesOf(project, frame);
+    outcome.shown = {QFileInfo(wishes.output).fileName(), shownPicture(wishes.output),
+        outlinesOf(project, frame), panorama.stitched.seams};
     if (!wishes.preview)
         outcome.report += QStringLiteral("\n%1: %2 × %3 pixels")
-                              .arg(outcome.name, QLocale().toString(frame.crop.width()),
+                              .arg(outcome.shown.name, QLocale().toString(frame.crop.width()),
                                   QLocale().toString(frame.crop.height()));
     return true;
 }
@@ -254,8 +253,8 @@ void FinishingPane::showOutcome()
                                    : tr("Cancelled. What was found so far is kept, and the next "
                                         "try goes on from it."));
     m_report->show();
-    if (!outcome.name.isEmpty())
-        emit panoramaMade(outcome.name, outcome.picture, outcome.outlines);
+    if (!outcome.shown.name.isEmpty())
+        emit panoramaMade(outcome.shown);
 }
 
 void FinishingPane::setBusy(bool isBusy)

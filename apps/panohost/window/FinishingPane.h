@@ -30,6 +30,16 @@ struct WrittenImport {
     PictureTable pictures;
 };
 
+/// A panorama, or a preview of one, to be looked at.
+struct ShownPanorama {
+    QString name;
+    /// Small, or null where it cannot be shown.
+    QImage picture;
+    /// As outlinesOf() and seamsOf() give them.
+    QVector<QPolygonF> outlines;
+    QVector<QPolygonF> seams;
+};
+
 /// Goes on from a project: aligns it, and makes the finished panorama.
 class FinishingPane final : public QWidget {
     Q_OBJECT
@@ -47,10 +57,7 @@ public:
 signals:
     /// Work begins or ends.
     void busyChanged(bool isBusy);
-    /// A panorama or a preview is there, called \a name. \a picture is small, or null where it
-    /// cannot be shown; \a outlines as outlinesOf() gives them.
-    void panoramaMade(
-        const QString &name, const QImage &picture, const QVector<QPolygonF> &outlines);
+    void panoramaMade(const ShownPanorama &panorama);
 
 private:
     struct Aligned {

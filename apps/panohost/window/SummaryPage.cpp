@@ -24,15 +24,16 @@
 /// Shows a picture as large as there is room.
 class PictureView final : public QWidget {
 public:
-    void setPicture(const QImage &picture, const QVector<QPolygonF> &outlines)
+    void setPicture(const QImage &picture)
     {
         m_picture = QPixmap::fromImage(picture);
-        m_outlines = outlines;
         update();
     }
-    void showOutlines(bool shown)
+    /// Lines whose points are parts of the picture's width and height.
+    void setLines(const QVector<QPolygonF> &outlines, const QVector<QPolygonF> &seams)
     {
-        m_outlinesShown = shown;
+        m_outlines = outlines;
+        m_seams = seams;
         update();
     }
     QSize sizeHint() const override { return {400, 200}; }
@@ -45,24 +46,26 @@ protected:
         QPainter painter(this);
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
         painter.drawPixmap(place, m_picture);
-        if (!m_outlinesShown)
-            return;
         painter.setClipRect(place);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.translate(place.topLeft());
         const QTransform scale = QTransform::fromScale(place.width(), place.height());
-        // Seen on bright and on dark.
-        for (const QPen &pen : {QPen(Qt::black, 3), QPen(Qt::yellow, 1)}) {
-            painter.setPen(pen);
-            for (const QPolygonF &line : qAsConst(m_outlines))
-                painter.drawPolyline(scale.map(line));
-        }
+        const auto draw = [&](const QVector<QPolygonF> &lines, const QColor &colour) {
+            // Seen on bright and on dark.
+            for (const QPen &pen : {QPen(Qt::black, 3), QPen(colour, 1)}) {
+                painter.setPen(pen);
+                for (const QPolygonF &line : lines)
+                    painter.drawPolyline(scale.map(line));
+            }
+        };
+        draw(m_outlines, Qt::yellow);
+        draw(m_seams, Qt::cyan);
     }
 
 private:
     QPixmap m_picture;
     QVector<QPolygonF> m_outlines;
-    bool m_outlinesShown = false;
+    QVector<QPolygonF> m_seams;
 };
 
 SummaryPage::SummaryPage(QWidget *parent)
@@ -75,6 +78,7 @@ SummaryPage::SummaryPage(QWidget *parent)
     , m_panorama(new QWidget)
     , m_picture(new PictureView)
     , m_outlines(new QCheckBox(tr("Show where the pictures e&nd")))
+    , m_seams(new QCheckBox(tr("Show where they are &joined")))
     , m_finishing(new FinishingPane)
 {
     QFont font = m_title->font();
@@ -116,12 +120,17 @@ SummaryPage::SummaryPage(QWidget *parent)
     connect(m_finishing, &FinishingPane::panoramaMade, this, &SummaryPage::showPanorama);
     m_picture->setObjectName(QStringLiteral("panoramaPicture"));
     m_outlines->setObjectName(QStringLiteral("outlines"));
-    connect(m_outlines, &QCheckBox::toggled, this,
-        [this](bool shown) { m_picture->showOutlines(shown); });
+    m_seams->setObjectName(QStringLiteral("seams"));
+    auto *lines = new QHBoxLayout;
+    for (QCheckBox *box : {m_outlines, m_seams}) {
+        connect(box, &QCheckBox::toggled, this, &SummaryPage::showLines);
+        lines->addWidget(box);
+    }
+    lines->addStretch(1);
     auto *panorama = new QVBoxLayout(m_panorama);
     panorama->setContentsMargins(0, 0, 0, 0);
     panorama->addWidget(m_picture, 1);
-    panorama->addWidget(m_outlines, 0, Qt::AlignLeft);
+    panorama->addLayout(lines);
     m_panorama->setParent(m_views);
     m_panorama->hide();
     m_views->setDocumentMode(true);
@@ -176,15 +185,23 @@ void SummaryPage::openProject()
             .arg(QDir::toNativeSeparators(m_project)));
 }
 
-void SummaryPage::showPanorama(
-    const QString &name, const QImage &picture, const QVector<QPolygonF> &outlines)
+void SummaryPage::showPanorama(const ShownPanorama &panorama)
 {
     m_views->removeTab(m_views->indexOf(m_panorama));
-    if (picture.isNull())
+    m_shown = panorama;
+    if (panorama.picture.isNull())
         return;
-    m_picture->setPicture(picture, outlines);
-    m_views->addTab(m_panorama, name);
+    m_picture->setPicture(panorama.picture);
+    m_seams->setEnabled(!panorama.seams.isEmpty());
+    showLines();
+    m_views->addTab(m_panorama, panorama.name);
     m_views->setCurrentWidget(m_panorama);
+}
+
+void SummaryPage::showLines()
+{
+    m_picture->setLines(m_outlines->isChecked() ? m_shown.outlines : QVector<QPolygonF>(),
+        m_seams->isChecked() ? m_shown.seams : QVector<QPolygonF>());
 }
 
 void SummaryPage::showFolder()

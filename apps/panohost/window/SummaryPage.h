@@ -35,8 +35,8 @@ protected:
 private:
     void openProject();
     void showFolder();
-    void showPanorama(
-        const QString &name, const QImage &picture, const QVector<QPolygonF> &outlines);
+    void showPanorama(const ShownPanorama &panorama);
+    void showLines();
 
     QString m_project;
     QLabel *m_title;
@@ -46,7 +46,9 @@ private:
     MapView *m_map;
     QWidget *m_panorama;
     PictureView *m_picture;
+    ShownPanorama m_shown;
     QCheckBox *m_outlines;
+    QCheckBox *m_seams;
     FinishingPane *m_finishing;
     QWidget *m_first;
 };
