@@ -10,18 +10,14 @@
 #include "tests/support/PageDriver.h"
 #include "vrdrive2/UIWPVRDrive2.h"
 
+#include <QAbstractButton>
 #include <QApplication>
-#include <QCheckBox>
 #include <QComboBox>
-#include <QDoubleSpinBox>
-#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMetaMethod>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QScrollArea>
-#include <QSlider>
+#include <QRegularExpression>
+#include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTextBlock>
 #include <QTextDocument>
@@ -46,55 +42,31 @@ std::unique_ptr<QWizardPage> makePage(Kind kind)
     return std::make_unique<UIWPVRDrive2>();
 }
 
-QString checkMark(const QAbstractButton &button)
-{
-    return button.isChecked() ? QStringLiteral(" [x]") : QStringLiteral(" [ ]");
-}
-
-/// Class, caption, range and start value.
+/// What the form says of a widget.
 QString describe(const QWidget *widget)
 {
-    const QString name = QLatin1String(widget->metaObject()->className()) + QLatin1Char(' ');
-    if (const auto *label = qobject_cast<const QLabel *>(widget)) {
-        const bool isPicture = !label->pixmap(Qt::ReturnByValue).isNull();
-        return name + (isPicture ? QStringLiteral("(picture)") : label->text());
+    QStringList says;
+    for (const char *property :
+        {"text", "title", "minimum", "maximum", "singleStep", "value", "checked", "currentIndex"}) {
+        const QVariant value = widget->property(property);
+        const bool isMeant
+            = qstrcmp(property, "checked") != 0 || widget->property("checkable").toBool();
+        if (value.isValid() && isMeant)
+            says += value.toString();
     }
-    if (const auto *button = qobject_cast<const QAbstractButton *>(widget))
-        return name + (button->icon().pixmap(16).isNull() ? QString() : QStringLiteral("(icon)"))
-            + button->text() + (button->isCheckable() ? checkMark(*button) : QString());
-    if (const auto *edit = qobject_cast<const QLineEdit *>(widget))
-        return name + edit->text();
-    if (const auto *box = qobject_cast<const QSpinBox *>(widget))
-        return name
-            + QStringLiteral("%1..%2 = %3")
-                  .arg(QString::number(box->minimum()), QString::number(box->maximum()),
-                      box->text());
-    if (const auto *box = qobject_cast<const QDoubleSpinBox *>(widget))
-        return name
-            + QStringLiteral("%1..%2 step %3 = %4")
-                  .arg(QString::number(box->minimum()), QString::number(box->maximum()),
-                      QString::number(box->singleStep()), box->text());
-    if (const auto *slider = qobject_cast<const QSlider *>(widget))
-        return name
-            + QStringLiteral("%1..%2 = %3")
-                  .arg(slider->minimum())
-                  .arg(slider->maximum())
-                  .arg(slider->value());
-    if (const auto *group = qobject_cast<const QGroupBox *>(widget))
-        return name + group->title();
-    QStringList items;
-    if (const auto *list = qobject_cast<const QComboBox *>(widget)) {
-        for (int i = 0; i < list->count(); ++i)
-            items.append(list->itemText(i));
-        return name + items.join(QLatin1Char('|')) + QLatin1String(" = ") + list->currentText();
-    }
-    if (const auto *tabs = qobject_cast<const QTabWidget *>(widget)) {
-        for (int i = 0; i < tabs->count(); ++i)
-            items.append(tabs->tabText(i));
-        return name + items.join(QLatin1Char('|')) + QLatin1String(" = ")
-            + tabs->tabText(tabs->currentIndex());
-    }
-    return name;
+    const auto *label = qobject_cast<const QLabel *>(widget);
+    if (label && !label->pixmap(Qt::ReturnByValue).isNull())
+        says += QStringLiteral("(picture)");
+    const auto *button = qobject_cast<const QAbstractButton *>(widget);
+    if (button && !button->icon().pixmap(16).isNull())
+        says += QStringLiteral("(icon)");
+    const auto *list = qobject_cast<const QComboBox *>(widget);
+    for (int i = 0; list && i < list->count(); ++i)
+        says += list->itemText(i);
+    const auto *tabs = qobject_cast<const QTabWidget *>(widget);
+    for (int i = 0; tabs && i < tabs->count(); ++i)
+        says += tabs->tabText(i);
+    return says.join(QLatin1Char('|'));
 }
 
 /// The widgets that the form names, as "name: description" each.
@@ -116,19 +88,11 @@ QStringList widgetsOf(const QWizardPage &page)
     return lines;
 }
 
-QStringList lines(const char *text)
+/// Entries between semicolons. Captions may end in a blank: only blanks before an entry go.
+QStringList entries(const char *text)
 {
-    QStringList trimmed;
-    const auto all = QString::fromUtf8(text).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    for (const QString &line : all) {
-        // Captions may end in a blank: only the source's indentation goes.
-        int indent = 0;
-        while (indent < line.size() && line[indent] == QLatin1Char(' '))
-            ++indent;
-        if (indent < line.size())
-            trimmed.append(line.mid(indent));
-    }
-    return trimmed;
+    static const QRegularExpression kBetween(QStringLiteral(";\\s*"));
+    return QString::fromUtf8(text).trimmed().split(kBetween, Qt::SkipEmptyParts);
 }
 
 QStringList without(const QStringList &list, const QStringList &taken)
@@ -142,178 +106,76 @@ QStringList without(const QStringList &list, const QStringList &taken)
 }
 
 constexpr auto kShootingSlots = R"(
-    BrowserWeb(QString) _url
-    SelectImages()
-    SelectConfigFile()
-    OnZoomChanged()
-    OnImageLoaded()
-    OnInverseCoordinates()
-    OnRotate90()
-    OnRotate270()
-    OnFLUseXML()
-    OnFLUseImage()
-    Reset()
-    SetConfigFFilename(QString) text
-    OnLevelLinkingClicked(bool) checked
+    BrowserWeb(QString) _url; SelectImages(); SelectConfigFile(); OnZoomChanged(); OnImageLoaded();
+    OnInverseCoordinates(); OnRotate90(); OnRotate270(); OnFLUseXML(); OnFLUseImage(); Reset();
+    SetConfigFFilename(QString) text; OnLevelLinkingClicked(bool) checked;
     OnStackLinkingClicked(bool) checked)";
 
 constexpr auto kClaussSlots = R"(
-    BrowserWeb(QString) url
-    SelectImages()
-    SelectConfigFile()
-    UpdateUI()
-    UpdatePreview()
-    OnInverseCoordinates()
-    Reset()
-    SetConfigFFilename())";
+    BrowserWeb(QString) url; SelectImages(); SelectConfigFile(); UpdateUI(); UpdatePreview();
+    OnInverseCoordinates(); Reset(); SetConfigFFilename())";
 
 constexpr auto kGigapanSlots = R"(
-    SelectImages()
-    UpdateUI()
-    UpdatePreview()
-    Reset()
-    IgnoreNImages(int)
-    SetRow(int)
-    OnChangeBracket(int)
-    OnMode0Toggled(bool) checked
-    OnMode1Toggled(bool) checked
-    OnMode2Toggled(bool) checked
-    OnMode3Toggled(bool) checked
-    OnMode4Toggled(bool) checked
-    OnLevelLinkingClicked(bool) checked
-    OnStackLinkingClicked(bool) checked)";
+    SelectImages(); UpdateUI(); UpdatePreview(); Reset(); IgnoreNImages(int); SetRow(int);
+    OnChangeBracket(int); OnMode0Toggled(bool) checked; OnMode1Toggled(bool) checked;
+    OnMode2Toggled(bool) checked; OnMode3Toggled(bool) checked; OnMode4Toggled(bool) checked;
+    OnLevelLinkingClicked(bool) checked; OnStackLinkingClicked(bool) checked)";
 
 constexpr auto kClaussWidgets = R"(
-    tabWidget: QTabWidget General|Options = General
-    label: QLabel Script file:
-    m_leConfigFile: QLineEdit 
-    m_pbSelectConfigFile: QPushButton ...
-    m_pbReset: QPushButton Reset
-    label_5: QLabel Number of shoot:
-    m_lbPapyLog: QLabel N/A
-    label_6: QLabel Theta:
-    m_lbThetaMinMax: QLabel N/A
-    label_9: QLabel Phi:
-    m_lbPhiMinMax: QLabel N/A
-    m_pInverseCoordinates: QPushButton Inverse Y coordinates
-    m_leImage: QLineEdit 
-    m_pbSelectImages: QPushButton ...
-    label_10: QLabel Number of image:
-    m_lbImageLog: QLabel N/A
-    m_lbImage_2: QLabel Images:
-    m_autoStart: QCheckBox Auto detection [x]
-    m_cleanLink: QCheckBox Clean wrong link [ ]
-    m_noOptim: QCheckBox Skip optimization [ ]
-    m_GridOptim: QCheckBox Guided optimization [x]
-    groupBox: QGroupBox Preview
-    m_saPreview: QScrollArea 
-    label_2: QLabel Zoom
-    m_hSlider: QSlider 1..100 = 50)";
+    tabWidget: 0|General|Options; label: Script file:; m_leConfigFile: ; m_pbSelectConfigFile: ...;
+    m_pbReset: Reset; label_5: Number of shoot:; m_lbPapyLog: N/A; label_6: Theta:;
+    m_lbThetaMinMax: N/A; label_9: Phi:; m_lbPhiMinMax: N/A;
+    m_pInverseCoordinates: Inverse Y coordinates; m_leImage: ; m_pbSelectImages: ...;
+    label_10: Number of image:; m_lbImageLog: N/A; m_lbImage_2: Images:;
+    m_autoStart: Auto detection|true; m_cleanLink: Clean wrong link|false;
+    m_noOptim: Skip optimization|false; m_GridOptim: Guided optimization|true; groupBox: Preview;
+    m_saPreview: ; label_2: Zoom; m_hSlider: 1|100|1|50)";
 
 constexpr auto kGigapanWidgets = R"(
-    tabWidget: QTabWidget General|Shoot layout|Shoot setup|Stack|Detection options = General
-    label: QLabel Images :
-    m_leImage: QLineEdit 
-    m_pbSelectImages: QPushButton ...
-    m_pbReset: QPushButton Reset
-    m_lbImage: QLabel 0 images in 
-    m_sbRow: QSpinBox 1..100000 = 4
-    label_3: QLabel rows and
-    m_sbColumn: QSpinBox 1..100000 = 5
-    label_columns: QLabel columns.
-    label_ignore: QLabel Ignore N files 
-    m_sbIgnore: QSpinBox 0..100000 = 0
-    label_bracket: QLabel Nb image per location ( bracketing )
-    m_sbBracket: QSpinBox 1..100000 = 1
-    label_layout: QLabel Layout
-    m_lbMode0: QLabel (picture)
-    m_rbMode0: QRadioButton Columns (default) [x]
-    m_lbMode1: QLabel (picture)
-    m_rbMode1: QRadioButton Rows: downward [ ]
-    m_lbMode2: QLabel (picture)
-    m_rbMode2: QRadioButton Rows: upward [ ]
-    m_lbMode3: QLabel (picture)
-    m_rbMode3: QRadioButton Columns: to left [ ]
-    m_cbIS360: QCheckBox Force 360° panorama [ ]
-    label_14: QLabel Overlapping
-    m_dsbOverlapping: QDoubleSpinBox 5..100 step 5 = 40.0
-    label_13: QLabel Detect links in:
-    m_rbLevelLinking0: QRadioButton The reference level [x]
-    m_rbLevelLinking1: QRadioButton All stack levels [ ]
-    label_11: QLabel For a stack:
-    m_rbStackLinking0: QRadioButton Use hard links [x]
-    m_rbStackLinking1: QRadioButton Detect control points [ ]
-    m_autoStart: QCheckBox Auto detection [x]
-    m_cleanLink: QCheckBox Clean wrong link [ ]
-    m_noOptim: QCheckBox Skip optimization [ ]
-    groupBox: QGroupBox Preview
-    label_zoom: QLabel Zoom
-    m_hSlider: QSlider 1..100 = 50
-    m_saPreview: QScrollArea )";
+    tabWidget: 0|General|Shoot layout|Shoot setup|Stack|Detection options; label: Images :;
+    m_leImage: ; m_pbSelectImages: ...; m_pbReset: Reset; m_lbImage: 0 images in ;
+    m_sbRow: 4|1|100000|1|4; label_3: rows and; m_sbColumn: 5|1|100000|1|5;
+    label_columns: columns.; label_ignore: Ignore N files ; m_sbIgnore: 0|0|100000|1|0;
+    label_bracket: Nb image per location ( bracketing ); m_sbBracket: 1|1|100000|1|1;
+    label_layout: Layout; m_lbMode0: |(picture); m_rbMode0: Columns (default)|true;
+    m_lbMode1: |(picture); m_rbMode1: Rows: downward|false; m_lbMode2: |(picture);
+    m_rbMode2: Rows: upward|false; m_lbMode3: |(picture); m_rbMode3: Columns: to left|false;
+    m_cbIS360: Force 360° panorama|false; label_14: Overlapping; m_dsbOverlapping: 40.0|5|100|5|40;
+    label_13: Detect links in:; m_rbLevelLinking0: The reference level|true;
+    m_rbLevelLinking1: All stack levels|false; label_11: For a stack:;
+    m_rbStackLinking0: Use hard links|true; m_rbStackLinking1: Detect control points|false;
+    m_autoStart: Auto detection|true; m_cleanLink: Clean wrong link|false;
+    m_noOptim: Skip optimization|false; groupBox: Preview; label_zoom: Zoom; m_hSlider: 1|100|1|50;
+    m_saPreview: ;)";
 
 /// What both forms of the shooting file's pages have.
 constexpr auto kShootingWidgets = R"(
-    label_xml: QLabel XML:
-    m_leConfigFile: QLineEdit 
-    m_pbSelectConfigFile: QPushButton ...
-    m_pbReset: QPushButton Reset
-    label_4: QLabel Number of images:
-    m_lbPapyLog: QLabel N/A
-    label_2: QLabel Yaw:
-    m_lbThetaMinMax: QLabel N/A
-    label_9: QLabel Pitch:
-    m_lbPhiMinMax: QLabel N/A
-    label_10: QLabel Bracketing:
-    m_lbBracket: QLabel N/A
-    label_xmlFocal: QLabel XML focal:
-    m_lbFocalLength: QLabel N/A
-    m_lbImage: QLabel Images:
-    m_leImage: QLineEdit 
-    m_pbSelectImages: QPushButton ...
-    label_5: QLabel Number of images:
-    m_lbImageLog: QLabel N/A
-    label_14: QLabel Image focal:
-    m_lbFocalLengthImage: QLabel N/A
-    m_lbWarning: QLabel <p style='color:red'></p>
-    m_pInverseCoordinates: QPushButton Inverse Y coordinates
-    m_pbRot270: QPushButton (icon)
-    m_pbRot90: QPushButton (icon)
-    label_15: QLabel Focal length:
-    m_spFocal: QDoubleSpinBox 1..10000 step 1 = 1.000
-    label_16: QLabel Lens Type:
-    m_cbLensType: QComboBox Standard|Fisheye = Standard
-    m_pbFLUseXML: QPushButton Use XML information
-    m_pbFLUseImage: QPushButton Use image information
-    label_13: QLabel Detect links in:
-    m_rbLevelLinking0: QRadioButton The reference level [x]
-    m_rbLevelLinking1: QRadioButton All stack levels [ ]
-    label_11: QLabel For a stack:
-    m_rbStackLinking0: QRadioButton Use hard links [x]
-    m_rbStackLinking1: QRadioButton Detect control points [ ]
-    m_autoStart: QCheckBox Auto detection [x]
-    m_cleanLink: QCheckBox Clean wrong link [x]
-    m_noOptim: QCheckBox Skip optimization [ ]
-    m_GridOptim: QCheckBox Use recorded location [x]
-    groupBox: QGroupBox Preview
-    m_saPreview: QScrollArea 
-    label_3: QLabel Zoom
-    m_hSlider: QSlider 1..100 = 50)";
+    label_xml: XML:; m_leConfigFile: ; m_pbSelectConfigFile: ...; m_pbReset: Reset;
+    label_4: Number of images:; m_lbPapyLog: N/A; label_2: Yaw:; m_lbThetaMinMax: N/A;
+    label_9: Pitch:; m_lbPhiMinMax: N/A; label_10: Bracketing:; m_lbBracket: N/A;
+    label_xmlFocal: XML focal:; m_lbFocalLength: N/A; m_lbImage: Images:; m_leImage: ;
+    m_pbSelectImages: ...; label_5: Number of images:; m_lbImageLog: N/A; label_14: Image focal:;
+    m_lbFocalLengthImage: N/A; m_lbWarning: <p style='color:red'></p>;
+    m_pInverseCoordinates: Inverse Y coordinates; m_pbRot270: |(icon); m_pbRot90: |(icon);
+    label_15: Focal length:; m_spFocal: 1.000|1|10000|1|1; label_16: Lens Type:;
+    m_cbLensType: 0|Standard|Fisheye; m_pbFLUseXML: Use XML information;
+    m_pbFLUseImage: Use image information; label_13: Detect links in:;
+    m_rbLevelLinking0: The reference level|true; m_rbLevelLinking1: All stack levels|false;
+    label_11: For a stack:; m_rbStackLinking0: Use hard links|true;
+    m_rbStackLinking1: Detect control points|false; m_autoStart: Auto detection|true;
+    m_cleanLink: Clean wrong link|true; m_noOptim: Skip optimization|false;
+    m_GridOptim: Use recorded location|true; groupBox: Preview; m_saPreview: ; label_3: Zoom;
+    m_hSlider: 1|100|1|50)";
 
 constexpr auto kPapywizardOnly = R"(
-    label_6: QLabel Title:
-    label_7: QLabel GPS:
-    label_comment: QLabel Comment:
-    m_leHeaderComment: QLineEdit 
-    m_leHeaderGps: QLineEdit 
-    m_leHeaderTitle: QLineEdit 
-    tabWidget: QTabWidget General|Shoot setup|Stack|Detection options|Header details = General
-    tab_header: QWidget )";
+    label_6: Title:; label_7: GPS:; label_comment: Comment:; m_leHeaderComment: ; m_leHeaderGps: ;
+    m_leHeaderTitle: ; tabWidget: 0|General|Shoot setup|Stack|Detection options|Header details;
+    tab_header: ;)";
 
 constexpr auto kVRDrive2Only = R"(
-    label_6: QLabel Output:
-    m_rbOutputMode1: QRadioButton 8-bits / 16-bits tonemapped [x]
-    m_rbOutputMode2: QRadioButton 32-bits HDR radiance [ ]
-    m_renderMode: QTabWidget General|Shoot setup|Stack|Detection options = General)";
+    label_6: Output:; m_rbOutputMode1: 8-bits / 16-bits tonemapped|true;
+    m_rbOutputMode2: 32-bits HDR radiance|false;
+    m_renderMode: 0|General|Shoot setup|Stack|Detection options)";
 
 constexpr auto kPapywizardSubTitle
     = "Papywizard| is a free project to drive Merlin/Orion panorama heads. The XML file format is "
@@ -322,28 +184,18 @@ constexpr auto kVRDrive2SubTitle
     = "VR Drive 2| plug-in enables an automated HDR workflow with all parameters set for true "
       "light rendering and easy use of Pano & Co software.";
 
-/// Keeps what it was asked for, as "context|text".
+/// Keeps what it was asked for, as "context|text", and shows the pages' "N/A" in another language.
 class TextRecorder final : public QTranslator {
 public:
     bool isEmpty() const override { return false; }
     QString translate(const char *context, const char *text, const char *, int) const override
     {
         asked.insert(QLatin1String(context) + QLatin1Char('|') + QString::fromUtf8(text));
-        return {};
+        return qstrcmp(text, "N/A") == 0 && qstrncmp(context, "UIWP", 4) == 0
+            ? QStringLiteral("k. A.")
+            : QString();
     }
     mutable QSet<QString> asked;
-};
-
-/// Shows "N/A" of the pages in another language.
-class NotAvailable final : public QTranslator {
-public:
-    bool isEmpty() const override { return false; }
-    QString translate(const char *context, const char *text, const char *, int) const override
-    {
-        if (qstrcmp(text, "N/A") != 0 || qstrncmp(context, "UIWP", 4) != 0)
-            return {};
-        return QStringLiteral("k. A.");
-    }
 };
 
 } // namespace
@@ -374,7 +226,7 @@ void tst_PageForms::metaObject_data()
     QTest::addColumn<QString>("className");
     QTest::addColumn<QStringList>("slotList");
     const auto row = [](const char *name, Kind kind, const char *className, const char *slotList) {
-        QTest::newRow(name) << kind << QString::fromLatin1(className) << lines(slotList);
+        QTest::newRow(name) << kind << QString::fromLatin1(className) << entries(slotList);
     };
     row("clauss", Kind::Clauss, "UIWPClauss", kClaussSlots);
     row("gigapan", Kind::Gigapan, "UIWPGigapan", kGigapanSlots);
@@ -407,11 +259,12 @@ void tst_PageForms::widgets_data()
 {
     QTest::addColumn<Kind>("kind");
     QTest::addColumn<QStringList>("expected");
-    QTest::newRow("clauss") << Kind::Clauss << lines(kClaussWidgets);
-    QTest::newRow("gigapan") << Kind::Gigapan << lines(kGigapanWidgets);
+    QTest::newRow("clauss") << Kind::Clauss << entries(kClaussWidgets);
+    QTest::newRow("gigapan") << Kind::Gigapan << entries(kGigapanWidgets);
     QTest::newRow("papywizard") << Kind::Papywizard
-                                << lines(kShootingWidgets) + lines(kPapywizardOnly);
-    QTest::newRow("vrdrive2") << Kind::VRDrive2 << lines(kShootingWidgets) + lines(kVRDrive2Only);
+                                << entries(kShootingWidgets) + entries(kPapywizardOnly);
+    QTest::newRow("vrdrive2") << Kind::VRDrive2
+                              << entries(kShootingWidgets) + entries(kVRDrive2Only);
 }
 
 void tst_PageForms::widgets()
@@ -427,8 +280,8 @@ void tst_PageForms::shootingFormsDifferAsWritten()
 {
     const QStringList papywizard = widgetsOf(*makePage(Kind::Papywizard));
     const QStringList vrDrive2 = widgetsOf(*makePage(Kind::VRDrive2));
-    QCOMPARE(without(papywizard, vrDrive2), lines(kPapywizardOnly));
-    QCOMPARE(without(vrDrive2, papywizard), lines(kVRDrive2Only));
+    QCOMPARE(without(papywizard, vrDrive2), entries(kPapywizardOnly));
+    QCOMPARE(without(vrDrive2, papywizard), entries(kVRDrive2Only));
 
     // The first of the two rows on the first tab.
     const auto firstRow = [](Kind kind) {
@@ -563,7 +416,7 @@ void tst_PageForms::yawIsNotTranslated_data()
 void tst_PageForms::yawIsNotTranslated()
 {
     QFETCH(Kind, kind);
-    NotAvailable translator;
+    TextRecorder translator;
     QCoreApplication::installTranslator(&translator);
     const PageDriver driver(makePage(kind).release());
     QCoreApplication::removeTranslator(&translator);

@@ -41,6 +41,11 @@ QString quoted(const char *text)
     return QString::fromUtf8(text);
 }
 
+QStringList words(const char *text)
+{
+    return QString::fromLatin1(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
 /// The steps of a head's own turn: columns 30 degrees apart, in rows 25 degrees apart.
 struct Angles {
     double yaw;
@@ -114,7 +119,6 @@ private slots:
     void asksForFocalLengths_data();
     void asksForFocalLengths();
     void takesFullAngles();
-    void takesFoldersOnThePage();
     void leavesImports();
     void worksByKeyboard();
     void opensWhatItWrote();
@@ -132,11 +136,24 @@ private:
     QString at(const char *name) const { return m_folder->filePath(QString::fromUtf8(name)); }
     void open();
     void close();
+    bool click(const char *name) { return m_driver->click(QString::fromUtf8(name)); }
+    QAbstractButton *button(const char *name) { return m_driver->button(QString::fromUtf8(name)); }
+    bool says(const char *text) const { return advice().contains(QString::fromUtf8(text)); }
     /// JPEGs 1.jpg and on; none tells a focal length of 0.
     QStringList makePictures(int count, const char *focal = "24", int brackets = 1) const;
+    /// shooting.xml of \a shots shots, and as many pictures.
+    QStringList makeShooting(int shots, const char *focal = "24", int brackets = 1) const;
+    /// Opens an import and hands it all that there is; waits until the pictures are read.
+    void begin(const char *head);
     QString advice() const;
+    QStringList images() const { return m_driver->page()->property("images").toStringList(); }
+    QString configFile() const { return m_driver->page()->property("configFile").toString(); }
     /// What the command line makes of the same; its project is cli.pto beside the window's.
     ProjectRecord commandLine(const QString &head, const QStringList &arguments) const;
+    /// Presses Import and gives each dialog to \a answer. How many came.
+    int pressImport(const std::function<void(QWidget *dialog, int number)> &answer);
+    /// Types \a place into a dialog for files.
+    static void choose(QWidget *dialog, const QString &place);
     /// Presses Import and answers the question for the place.
     void import(const QString &project);
 
@@ -205,6 +222,18 @@ QStringList tst_MainWindow::makePictures(int count, const char *focal, int brack
     return paths;
 }
 
+QStringList tst_MainWindow::makeShooting(int shots, const char *focal, int brackets) const
+{
+    writeFile(at("shooting.xml"), shootingXml(shots, brackets, atof(focal)));
+    return makePictures(shots, focal, brackets);
+}
+
+void tst_MainWindow::begin(const char *head)
+{
+    if (!click(head) || !m_driver->drop({m_folder->path()}) || !m_driver->waitForPictures())
+        qFatal("The import of %s does not begin: %s", head, qPrintable(advice()));
+}
+
 QString tst_MainWindow::advice() const
 {
     const auto *label = m_window->findChild<QLabel *>(QStringLiteral("advice"));
@@ -215,9 +244,9 @@ ProjectRecord tst_MainWindow::commandLine(const QString &head, const QStringList
 {
     QProcess program;
     program.start(QStringLiteral(PANOHOST),
-        QStringList{QStringLiteral("import"), head} + arguments
-            + QStringList{QStringLiteral("--output"), at("cli.pto"), QStringLiteral("--record"),
-                at("cli.json"), QStringLiteral("--force")});
+        QStringList{QStringLiteral("import"), head.toLower(), QStringLiteral("--force"),
+            QStringLiteral("--output"), at("cli.pto"), QStringLiteral("--record"), at("cli.json")}
+            + arguments);
     program.waitForFinished(60'000);
     QString problem;
     const auto record = recordFromJson(fileContent(at("cli.json")), &problem);
@@ -226,77 +255,73 @@ ProjectRecord tst_MainWindow::commandLine(const QString &head, const QStringList
     return record.value_or(ProjectRecord());
 }
 
+int tst_MainWindow::pressImport(const std::function<void(QWidget *dialog, int number)> &answer)
+{
+    return WindowDriver::withDialogs([this] { QVERIFY(click("Import")); }, answer);
+}
+
+void tst_MainWindow::choose(QWidget *dialog, const QString &place)
+{
+    auto *files = qobject_cast<QFileDialog *>(dialog);
+    QVERIFY(files);
+    files->setOption(QFileDialog::DontConfirmOverwrite);
+    files->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->setText(place);
+    static_cast<QDialog *>(files)->accept();
+}
+
 void tst_MainWindow::import(const QString &project)
 {
-    bool isOnlyPlace = false;
-    WindowDriver::withDialogs([this] { QVERIFY(m_driver->click(QStringLiteral("Import"))); },
-        [&](QWidget *dialog, int number) {
-            auto *files = qobject_cast<QFileDialog *>(dialog);
-            isOnlyPlace = files && number == 0;
-            if (!files)
-                return;
-            files->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->setText(project);
-            static_cast<QDialog *>(files)->accept();
-        });
-    QVERIFY(isOnlyPlace);
+    QCOMPARE(pressImport([&](QWidget *dialog, int) { choose(dialog, project); }), 1);
 }
 
 void tst_MainWindow::importsLikeTheCommandLine_data()
 {
     QTest::addColumn<QString>("head");
-    QTest::addColumn<QString>("command");
     QTest::addColumn<QString>("file");
-    QTest::addColumn<int>("pictures");
     QTest::addColumn<int>("brackets");
     QTest::addColumn<bool>("serpentine");
     QTest::addColumn<QString>("saysPictures");
-
-    const auto row = [](const char *name, const char *head, const char *command, const char *file,
-                         int pictures, int brackets, bool serpentine, const char *says) {
-        QTest::newRow(name) << quoted(head) << quoted(command) << quoted(file) << pictures
-                            << brackets << serpentine << quoted(says);
+    const auto row = [](const char *name, const char *head, const char *file, int brackets,
+                         bool serpentine, const char *says) {
+        QTest::newRow(name) << quoted(head) << quoted(file) << brackets << serpentine
+                            << quoted(says);
     };
-    row("Papywizard", "Papywizard", "papywizard", "shooting.xml", 36, 1, false, "36");
-    row("Papywizard, stacks", "Papywizard", "papywizard", "shooting.xml", 36, 3, false,
-        "36, in stacks of 3");
-    row("Clauss", "Clauss", "clauss", "script.txt", 36, 1, false, "36");
-    row("Gigapan", "Gigapan", "gigapan", "", 24, 1, false, "24");
-    row("Gigapan, serpentine", "Gigapan", "gigapan", "", 24, 1, true, "24");
-    row("VR Drive 2", "VRDrive2", "vrdrive2", "shooting.xml", 36, 3, false, "36, in stacks of 3");
+    row("Papywizard", "Papywizard", "shooting.xml", 1, false, "36");
+    row("Papywizard, stacks", "Papywizard", "shooting.xml", 3, false, "36, in stacks of 3");
+    row("Clauss", "Clauss", "script.txt", 1, false, "36");
+    row("Gigapan", "Gigapan", "", 1, false, "36");
+    row("Gigapan, serpentine", "Gigapan", "", 1, true, "36");
+    row("VR Drive 2", "VRDrive2", "shooting.xml", 3, false, "36, in stacks of 3");
 }
 
 void tst_MainWindow::importsLikeTheCommandLine()
 {
     QFETCH(QString, head);
-    QFETCH(QString, command);
     QFETCH(QString, file);
-    QFETCH(int, pictures);
     QFETCH(int, brackets);
     QFETCH(bool, serpentine);
     QFETCH(QString, saysPictures);
 
-    const QStringList paths = makePictures(pictures, "24", brackets);
-    const QString config = file.isEmpty() ? QString() : m_folder->filePath(file);
-    if (file.endsWith(QLatin1String(".xml")))
-        writeFile(config, shootingXml(pictures, brackets, 35));
-    else if (!file.isEmpty())
-        writeFile(config, claussScript(pictures));
+    const QStringList paths = makePictures(36, "24", brackets);
+    const QString config = m_folder->filePath(file);
+    if (!file.isEmpty())
+        writeFile(config,
+            file.endsWith(QLatin1String(".xml")) ? shootingXml(36, brackets, 35)
+                                                 : claussScript(36));
 
-    QVERIFY(m_driver->click(head));
-    QVERIFY(m_driver->drop({m_folder->path()}));
-    QVERIFY(m_driver->waitForPictures());
+    begin(qPrintable(head));
     if (serpentine)
-        QVERIFY(m_driver->click(QStringLiteral("serpentine")));
-    QTRY_VERIFY2(advice().contains(QLatin1String("are read")), qPrintable(advice()));
+        QVERIFY(click("serpentine"));
+    QTRY_VERIFY2(says("are read"), qPrintable(advice()));
     import(at("window.pto"));
 
     QStringList arguments;
-    if (!config.isEmpty())
+    if (!file.isEmpty())
         arguments += QStringList{QStringLiteral("--config"), config};
     if (serpentine)
-        arguments += QStringList{QStringLiteral("--order"), QStringLiteral("serpentine-up")};
+        arguments += words("--order serpentine-up");
     QCOMPARE(m_imported.size(), 1);
-    QCOMPARE(dump(m_imported[0]), dump(commandLine(command, arguments + paths)));
+    QCOMPARE(dump(m_imported[0]), dump(commandLine(head, arguments + paths)));
     QCOMPARE(fileContent(at("window.pto")), fileContent(at("cli.pto")));
     QVERIFY(fileContent(at("window.pto")).contains("n\"001.jpg\""));
 
@@ -305,36 +330,26 @@ void tst_MainWindow::importsLikeTheCommandLine()
     QStringList shown;
     for (const QLabel *label : summary->findChildren<QLabel *>())
         shown += label->text();
-    const auto isShown = [&shown](const QString &text) { return shown.contains(text); };
-    const QString all = shown.join(QLatin1Char('|'));
-    QVERIFY2(isShown(saysPictures), qPrintable(all));
-    QVERIFY2(isShown(QStringLiteral("24 mm, from the pictures")), qPrintable(all));
-    QVERIFY2(isShown(QStringLiteral("standard, from the pictures")), qPrintable(all));
-    QVERIFY2(all.contains(at("window.pto")), qPrintable(all));
+    for (const QString &text : {saysPictures, quoted("24 mm, from the pictures"),
+             quoted("standard, from the pictures"), at("window.pto")})
+        QVERIFY2(shown.contains(text), qPrintable(shown.join(QLatin1Char('|'))));
     QCOMPARE(summary->map().map()->layout().places.size(), m_imported[0].groups.size());
 }
 
 void tst_MainWindow::importsAnother()
 {
-    makePictures(12);
-    writeFile(at("shooting.xml"), shootingXml(12, 1, 24));
+    const QStringList paths = makePictures(12);
     for (const int shots : {12, 6}) {
-        QVERIFY(m_driver->click(QStringLiteral("Papywizard")));
+        QVERIFY(click("Papywizard"));
         // Nothing is left of the import before.
-        QCOMPARE(m_driver->page()->property("images").toStringList(), QStringList());
-        QCOMPARE(m_driver->page()->property("configFile").toString(), QString());
+        QCOMPARE(images() + QStringList(configFile()), QStringList(QString()));
         writeFile(at("shooting.xml"), shootingXml(shots, 1, 24));
-        if (shots == 6) {
-            for (int i = 7; i <= 12; ++i)
-                QFile::remove(
-                    m_folder->filePath(QStringLiteral("%1.jpg").arg(i, 3, 10, QLatin1Char('0'))));
-        }
-        QVERIFY(m_driver->drop({m_folder->path()}));
+        QVERIFY(m_driver->drop(paths.mid(0, shots) + QStringList(at("shooting.xml"))));
         QVERIFY(m_driver->waitForPictures());
         import(m_folder->filePath(QStringLiteral("%1.pto").arg(shots)));
         QCOMPARE(m_imported.last().groups.size(), shots);
         QCOMPARE(m_imported.last().yaws.size(), shots);
-        QVERIFY(m_driver->click(QStringLiteral("another")));
+        QVERIFY(click("another"));
     }
 }
 
@@ -344,8 +359,7 @@ void tst_MainWindow::offersHeadsForFiles_data()
     QTest::addColumn<QString>("says");
     QTest::addColumn<QStringList>("heads");
 
-    const QStringList all{QStringLiteral("Clauss"), QStringLiteral("Gigapan"),
-        QStringLiteral("Papywizard"), QStringLiteral("VRDrive2")};
+    const QStringList all = words("Clauss Gigapan Papywizard VRDrive2");
     const QStringList xml = all.mid(2);
     const auto row
         = [](const char *name, const char *dropped, const char *says, const QStringList &heads) {
@@ -419,10 +433,10 @@ void tst_MainWindow::offersHeadsForFiles()
     QCOMPARE(offered, heads);
 
     // A clean slate again.
-    if (m_driver->click(QStringLiteral("forget")))
+    if (click("forget"))
         QVERIFY(!notice->isVisible());
-    QVERIFY(m_driver->click(QStringLiteral("Clauss")));
-    QCOMPARE(m_driver->page()->property("images").toStringList(), QStringList());
+    QVERIFY(click("Clauss"));
+    QCOMPARE(images(), QStringList());
 }
 
 void tst_MainWindow::opensTheOnlyHead()
@@ -431,24 +445,23 @@ void tst_MainWindow::opensTheOnlyHead()
     writeFile(at("SCRIPT.TXT"), claussScript(6));
     QVERIFY(m_driver->drop(pictures + QStringList(at("SCRIPT.TXT"))));
     QVERIFY(m_driver->page());
-    QCOMPARE(m_driver->page()->property("configFile").toString(), at("SCRIPT.TXT"));
+    QCOMPARE(configFile(), at("SCRIPT.TXT"));
     QVERIFY(m_driver->waitForPictures());
     // What leads on is in sight on the smallest screen, and the link above the page not in focus.
     m_window->resize(640, 480);
-    QTRY_VERIFY(!m_driver->button(QStringLiteral("Import"))->visibleRegion().isEmpty());
+    QTRY_VERIFY(!button("Import")->visibleRegion().isEmpty());
     QVERIFY(!qobject_cast<QLabel *>(m_window->focusWidget()));
 }
 
 void tst_MainWindow::namesUnreadablePictures()
 {
-    const QStringList paths = makePictures(6);
-    writeFile(at("shooting.xml"), shootingXml(6, 1, 24));
+    const QStringList paths = makeShooting(6);
     const QByteArray whole = fileContent(paths[2]);
     writeFile(paths[2], whole.left(whole.size() / 2));
     writeFile(paths[4], {});
     QVERIFY(QFile::remove(paths[5]));
 
-    QVERIFY(m_driver->click(QStringLiteral("Papywizard")));
+    QVERIFY(click("Papywizard"));
     QVERIFY(m_driver->drop(paths + QStringList(at("shooting.xml"))));
     const auto *list = m_window->findChild<QListWidget *>(QStringLiteral("unreadable"));
     QTRY_COMPARE(list->count(), 3);
@@ -458,16 +471,16 @@ void tst_MainWindow::namesUnreadablePictures()
         QVERIFY2(list->item(i)->text().startsWith(names[i]), qPrintable(list->item(i)->text()));
         QVERIFY(list->item(i)->text().size() > names[i].size());
     }
-    QTRY_VERIFY2(advice().contains(QLatin1String("cannot be read: 3")), qPrintable(advice()));
-    QVERIFY(!m_driver->button(QStringLiteral("Import"))->isEnabled());
+    QTRY_VERIFY2(says("cannot be read: 3"), qPrintable(advice()));
+    QVERIFY(!button("Import")->isEnabled());
 
     writeFile(paths[2], whole);
-    QVERIFY(m_driver->click(QStringLiteral("retry")));
+    QVERIFY(click("retry"));
     QTRY_COMPARE(list->count(), 2);
     QVERIFY(!m_driver->page()->isComplete());
     writeFile(paths[4], whole);
     writeFile(paths[5], whole);
-    QTRY_VERIFY(m_driver->click(QStringLiteral("retry")));
+    QTRY_VERIFY(click("retry"));
     QVERIFY(m_driver->waitForPictures());
     QTRY_VERIFY(!list->isVisible());
     import(at("x.pto"));
@@ -476,34 +489,28 @@ void tst_MainWindow::namesUnreadablePictures()
 
 void tst_MainWindow::choosesTooMuch()
 {
-    QStringList paths = makePictures(6);
-    writeFile(at("shooting.xml"), shootingXml(6, 1, 24));
+    QStringList paths = makeShooting(6);
     writeFile(at("notes.jpg"), "no picture");
     paths += {at("notes.jpg"), at("shooting.xml")};
-    QVERIFY(m_driver->click(QStringLiteral("Papywizard")));
-    WindowDriver::withDialogs(
-        [this] { QVERIFY(m_driver->click(QStringLiteral("m_pbSelectImages"))); },
-        [&](QWidget *dialog, int) {
-            dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))
-                ->setText(QLatin1Char('"') + paths.join(QLatin1String("\" \"")) + QLatin1Char('"'));
-            static_cast<QDialog *>(static_cast<QFileDialog *>(dialog))->accept();
-        });
-    QTRY_COMPARE(m_driver->page()->property("configFile").toString(), at("shooting.xml"));
-    QTRY_VERIFY2(advice().contains(QLatin1String("Leave them out")), qPrintable(advice()));
-    QVERIFY(m_driver->click(QStringLiteral("leaveOut")));
+    QVERIFY(click("Papywizard"));
+    const QString chosen = QLatin1Char('"') + paths.join(QLatin1String("\" \"")) + QLatin1Char('"');
+    WindowDriver::withDialogs([this] { QVERIFY(click("m_pbSelectImages")); },
+        [&chosen](QWidget *dialog, int) { choose(dialog, chosen); });
+    QTRY_COMPARE(configFile(), at("shooting.xml"));
+    QTRY_VERIFY2(says("Leave them out"), qPrintable(advice()));
+    QVERIFY(click("leaveOut"));
     QVERIFY(m_driver->waitForPictures());
-    QCOMPARE(m_driver->page()->property("images").toStringList(), paths.mid(0, 6));
-    QTRY_VERIFY(!m_driver->button(QStringLiteral("leaveOut")));
+    QCOMPARE(images(), paths.mid(0, 6));
+    QTRY_VERIFY(!button("leaveOut"));
 }
 
 void tst_MainWindow::stopsReading()
 {
-    const QStringList paths = makePictures(30);
-    writeFile(at("shooting.xml"), shootingXml(30, 1, 24));
+    const QStringList paths = makeShooting(30);
     const Gate::Hold hold(m_gate);
     host().beforeReading = [this](const QString &) { m_gate.enter(); };
 
-    QVERIFY(m_driver->click(QStringLiteral("Papywizard")));
+    QVERIFY(click("Papywizard"));
     QVERIFY(m_driver->drop({m_folder->path()}));
     QVERIFY(m_gate.awaitArrival());
     m_gate.pass(21);
@@ -515,13 +522,12 @@ void tst_MainWindow::stopsReading()
     QVERIFY(progress->isVisible());
 
     // Stopping waits for the picture under way.
-    connect(m_driver->button(QStringLiteral("stop")), &QAbstractButton::pressed, this,
-        [this] { m_gate.open(); });
-    QVERIFY(m_driver->click(QStringLiteral("stop")));
+    connect(button("stop"), &QAbstractButton::pressed, this, [this] { m_gate.open(); });
+    QVERIFY(click("stop"));
     QTRY_VERIFY(!progress->isVisible());
-    QCOMPARE(m_driver->page()->property("images").toStringList(), QStringList());
-    QCOMPARE(m_driver->page()->property("configFile").toString(), at("shooting.xml"));
-    QVERIFY2(advice().contains(QLatin1String("The head took 30 pictures")), qPrintable(advice()));
+    QCOMPARE(images(), QStringList());
+    QCOMPARE(configFile(), at("shooting.xml"));
+    QVERIFY2(says("The head took 30 pictures"), qPrintable(advice()));
 
     QVERIFY(m_driver->drop(paths));
     QVERIFY(m_driver->waitForPictures());
@@ -531,11 +537,8 @@ void tst_MainWindow::asksForMissingPictures()
 {
     QStringList paths = makePictures(7);
     writeFile(at("shooting.xml"), shootingXml(6, 1, 24));
-    QVERIFY(m_driver->click(QStringLiteral("VRDrive2")));
-    QVERIFY2(advice().contains(QLatin1String("Drop the head's file")), qPrintable(advice()));
-    const auto says
-        = [this](const char *text) { return advice().contains(QString::fromUtf8(text)); };
-
+    QVERIFY(click("VRDrive2"));
+    QVERIFY2(says("Drop the head's file"), qPrintable(advice()));
     QVERIFY(m_driver->drop({at("shooting.xml")}));
     QTRY_VERIFY2(says("The head took 6 pictures."), qPrintable(advice()));
     QVERIFY(m_driver->drop(paths));
@@ -556,39 +559,31 @@ void tst_MainWindow::asksForMissingPictures()
     writeFile(at("manual.pdf"), "%PDF-1.4\n");
     QVERIFY(m_driver->drop({at("manual.pdf")}));
     QTRY_VERIFY2(says("“manual.pdf” is neither a picture nor"), qPrintable(advice()));
-    QCOMPARE(m_driver->page()->property("images").toStringList().size(), 6);
+    QCOMPARE(images().size(), 6);
     QVERIFY(m_driver->drop({at("shooting.xml"), at("manual.pdf")}));
     QTRY_VERIFY2(says("All 6 pictures are read."), qPrintable(advice()));
 }
 
 void tst_MainWindow::keepsInputs()
 {
-    const QStringList paths = makePictures(6);
-    writeFile(at("shooting.xml"), shootingXml(6, 1, 24));
+    const QStringList paths = makeShooting(6);
     QVERIFY(QFile::link(paths[0], at("link.pto")));
-    QVERIFY(m_driver->click(QStringLiteral("Papywizard")));
-    QVERIFY(m_driver->drop({m_folder->path()}));
-    QVERIFY(m_driver->waitForPictures());
+    begin("Papywizard");
     const QByteArray picture = fileContent(paths[0]);
     const QByteArray file = fileContent(at("shooting.xml"));
 
     const QStringList places{paths[0], at("shooting.xml"), at("link.pto"), at("good.pto")};
     int asked = 0;
     QStringList complaints;
-    WindowDriver::withDialogs([this] { QVERIFY(m_driver->click(QStringLiteral("Import"))); },
-        [&](QWidget *dialog, int) {
-            if (auto *files = qobject_cast<QFileDialog *>(dialog)) {
-                if (asked == 0)
-                    QCOMPARE(files->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->text(),
-                        QStringLiteral("shooting.pto"));
-                files->setOption(QFileDialog::DontConfirmOverwrite);
-                files->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))
-                    ->setText(places.value(asked++));
-                static_cast<QDialog *>(files)->accept();
-            } else if (auto *box = qobject_cast<QMessageBox *>(dialog)) {
-                complaints += box->text();
-            }
-        });
+    pressImport([&](QWidget *dialog, int) {
+        if (auto *files = qobject_cast<QFileDialog *>(dialog)) {
+            if (asked == 0)
+                QCOMPARE(files->selectedFiles(), QStringList(at("shooting.pto")));
+            choose(files, places.value(asked++));
+        } else if (auto *box = qobject_cast<QMessageBox *>(dialog)) {
+            complaints += box->text();
+        }
+    });
     QCOMPARE(asked, 4);
     QCOMPARE(complaints.size(), 3);
     QVERIFY2(complaints[0].contains(QLatin1String("001.jpg")), qPrintable(complaints[0]));
@@ -599,41 +594,31 @@ void tst_MainWindow::keepsInputs()
 
 void tst_MainWindow::changesOfMindCostNothing()
 {
-    const QStringList paths = makePictures(9, "24", 3);
-    writeFile(at("shooting.xml"), shootingXml(9, 3, 24));
-    QVERIFY(m_driver->click(QStringLiteral("VRDrive2")));
-    QVERIFY(m_driver->drop({m_folder->path()}));
-    QVERIFY(m_driver->waitForPictures());
+    const QStringList paths = makeShooting(9, "24", 3);
+    begin("VRDrive2");
     for (int i = 0; i < 2; ++i) {
-        WindowDriver::withDialogs([this] { QVERIFY(m_driver->click(QStringLiteral("Import"))); },
-            [](QWidget *dialog, int) { static_cast<QDialog *>(dialog)->reject(); });
+        pressImport([](QWidget *dialog, int) { static_cast<QDialog *>(dialog)->reject(); });
         QVERIFY(m_driver->page());
     }
     import(at("window.pto"));
     // The page handed over three imports in one; the project is of one.
     QCOMPARE(m_imported.last().groups.size(), 9);
-    commandLine(QStringLiteral("vrdrive2"),
-        QStringList{QStringLiteral("--config"), at("shooting.xml")} + paths);
+    commandLine(quoted("VRDrive2"), QStringList{quoted("--config"), at("shooting.xml")} + paths);
     QCOMPARE(fileContent(at("window.pto")), fileContent(at("cli.pto")));
 }
 
 void tst_MainWindow::doubtsFocalLengths()
 {
-    makePictures(36, "0");
-    writeFile(at("shooting.xml"), shootingXml(36, 1, 0));
-    QVERIFY(m_driver->click(QStringLiteral("Papywizard")));
-    QVERIFY(m_driver->drop({m_folder->path()}));
-    QVERIFY(m_driver->waitForPictures());
+    makeShooting(36, "0");
+    begin("Papywizard");
 
     QString warning;
-    int count
-        = WindowDriver::withDialogs([this] { QVERIFY(m_driver->click(QStringLiteral("Import"))); },
-            [&warning](QWidget *dialog, int) {
-                if (auto *box = qobject_cast<QMessageBox *>(dialog)) {
-                    warning = box->text();
-                    box->defaultButton()->click();
-                }
-            });
+    int count = pressImport([&warning](QWidget *dialog, int) {
+        if (auto *box = qobject_cast<QMessageBox *>(dialog)) {
+            warning = box->text();
+            box->defaultButton()->click();
+        }
+    });
     QCOMPARE(count, 1);
     QVERIFY2(
         warning.contains(QLatin1String("No lens has a focal length of 1 mm")), qPrintable(warning));
@@ -641,19 +626,17 @@ void tst_MainWindow::doubtsFocalLengths()
 
     auto *focal = m_driver->page()->findChild<QDoubleSpinBox *>(QStringLiteral("m_spFocal"));
     focal->setValue(2000);
-    count
-        = WindowDriver::withDialogs([this] { QVERIFY(m_driver->click(QStringLiteral("Import"))); },
-            [&](QWidget *dialog, int number) {
-                if (auto *box = qobject_cast<QMessageBox *>(dialog)) {
-                    warning = box->text();
-                    for (QAbstractButton *button : box->buttons()) {
-                        if (box->buttonRole(button) == QMessageBox::AcceptRole)
-                            button->click();
-                    }
-                } else if (number == 1) {
-                    static_cast<QDialog *>(dialog)->accept();
-                }
-            });
+    count = pressImport([&](QWidget *dialog, int number) {
+        if (auto *box = qobject_cast<QMessageBox *>(dialog)) {
+            warning = box->text();
+            for (QAbstractButton *button : box->buttons()) {
+                if (box->buttonRole(button) == QMessageBox::AcceptRole)
+                    button->click();
+            }
+        } else if (number == 1) {
+            static_cast<QDialog *>(dialog)->accept();
+        }
+    });
     QCOMPARE(count, 2);
     QVERIFY2(warning.contains(QLatin1String("No location is linked")), qPrintable(warning));
     QVERIFY(QFile::exists(at("shooting.pto")));
@@ -662,45 +645,35 @@ void tst_MainWindow::doubtsFocalLengths()
 void tst_MainWindow::asksForFocalLengths_data()
 {
     QTest::addColumn<QString>("head");
-    QTest::addColumn<QString>("command");
-    QTest::newRow("Clauss") << QStringLiteral("Clauss") << QStringLiteral("clauss");
-    QTest::newRow("Gigapan") << QStringLiteral("Gigapan") << QStringLiteral("gigapan");
+    QTest::newRow("Clauss") << QStringLiteral("Clauss");
+    QTest::newRow("Gigapan") << QStringLiteral("Gigapan");
 }
 
 void tst_MainWindow::asksForFocalLengths()
 {
     QFETCH(QString, head);
-    QFETCH(QString, command);
     const QStringList paths = makePictures(12, "0");
-    QStringList arguments{QStringLiteral("--focal"), QStringLiteral("35")};
-    if (command == QLatin1String("clauss")) {
+    QStringList arguments = words("--focal 35");
+    if (head == QLatin1String("Clauss")) {
         writeFile(at("script.txt"), claussScript(12));
         arguments += QStringList{QStringLiteral("--config"), at("script.txt")};
     }
-    QVERIFY(m_driver->click(head));
-    QVERIFY(m_driver->drop({m_folder->path()}));
-    QVERIFY(m_driver->waitForPictures());
+    begin(qPrintable(head));
 
-    int count
-        = WindowDriver::withDialogs([this] { QVERIFY(m_driver->click(QStringLiteral("Import"))); },
-            [](QWidget *dialog, int) { static_cast<QDialog *>(dialog)->reject(); });
+    int count = pressImport([](QWidget *dialog, int) { static_cast<QDialog *>(dialog)->reject(); });
     QCOMPARE(count, 1);
     QVERIFY(m_driver->page());
 
-    count
-        = WindowDriver::withDialogs([this] { QVERIFY(m_driver->click(QStringLiteral("Import"))); },
-            [this](QWidget *dialog, int) {
-                if (auto *question = qobject_cast<QInputDialog *>(dialog)) {
-                    question->setDoubleValue(35);
-                    question->accept();
-                } else if (auto *files = qobject_cast<QFileDialog *>(dialog)) {
-                    files->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))
-                        ->setText(at("window.pto"));
-                    static_cast<QDialog *>(files)->accept();
-                }
-            });
+    count = pressImport([this](QWidget *dialog, int) {
+        if (auto *question = qobject_cast<QInputDialog *>(dialog)) {
+            question->setDoubleValue(35);
+            question->accept();
+        } else {
+            choose(dialog, at("window.pto"));
+        }
+    });
     QCOMPARE(count, 2);
-    const ProjectRecord told = commandLine(command, arguments + paths);
+    const ProjectRecord told = commandLine(head, arguments + paths);
     QVERIFY(!told.links.isEmpty());
     QCOMPARE(fileContent(at("window.pto")), fileContent(at("cli.pto")));
     const auto *map = m_window->findChild<MapView *>()->map();
@@ -713,53 +686,36 @@ void tst_MainWindow::asksForFocalLengths()
 void tst_MainWindow::takesFullAngles()
 {
     const QStringList paths = makePictures(12);
-    writeFile(at("script.txt"), claussScript(12, 0.755));
     writeFile(at("whole.txt"), claussScript(12));
-    QVERIFY(m_driver->click(QStringLiteral("Clauss")));
-    const auto *choice = m_window->findChild<QCheckBox *>(QStringLiteral("fullAngles"));
-    QVERIFY(m_driver->drop({at("whole.txt")}));
-    QTest::qWait(0);
-    QVERIFY(!choice->isVisible());
-    QVERIFY(m_driver->drop(paths + QStringList(at("script.txt"))));
-    QVERIFY(m_driver->waitForPictures());
-    QTRY_VERIFY(choice->isVisible());
-    QVERIFY2(choice->toolTip().contains(QLatin1String("0.755")), qPrintable(choice->toolTip()));
-    QVERIFY(m_driver->click(QStringLiteral("fullAngles")));
-    QVERIFY(choice->isChecked());
-    QVERIFY(m_driver->waitForPictures());
-    import(at("window.pto"));
-    QCOMPARE(dump(m_imported.last()),
-        dump(commandLine(QStringLiteral("clauss"),
-            QStringList{
-                QStringLiteral("--config"), at("script.txt"), QStringLiteral("--full-angles")}
-                + paths)));
-
-    // The next import begins with whole degrees again.
-    QVERIFY(m_driver->click(QStringLiteral("another")));
-    QVERIFY(m_driver->click(QStringLiteral("Clauss")));
-    QVERIFY(m_driver->drop(paths + QStringList(at("script.txt"))));
-    QVERIFY(m_driver->waitForPictures());
-    import(at("whole.pto"));
-    QCOMPARE(dump(m_imported.last()),
-        dump(commandLine(QStringLiteral("clauss"),
-            QStringList{QStringLiteral("--config"), at("script.txt")} + paths)));
-}
-
-void tst_MainWindow::takesFoldersOnThePage()
-{
-    makePictures(6);
-    writeFile(at("shooting.xml"), shootingXml(6, 1, 24));
-    writeFile(at("notes.txt"), "nothing");
-    QVERIFY(m_driver->click(QStringLiteral("Papywizard")));
-    QVERIFY(m_driver->drop({m_folder->path()}, m_driver->page()));
-    QVERIFY(m_driver->waitForPictures());
-    QCOMPARE(m_driver->page()->property("images").toStringList().size(), 6);
+    writeFile(at("script.txt"), claussScript(12, 0.755));
+    const QStringList arguments = QStringList{quoted("--config"), at("script.txt")} + paths;
+    // The second import begins with whole degrees again.
+    for (const bool full : {true, false}) {
+        QVERIFY(click("Clauss"));
+        QTest::qWait(0); // The last import's is deleted.
+        const auto *choice = m_window->findChild<QCheckBox *>(QStringLiteral("fullAngles"));
+        QVERIFY(m_driver->drop({at("whole.txt")}));
+        QTest::qWait(0);
+        QVERIFY(!choice->isVisible());
+        QVERIFY(m_driver->drop(paths + QStringList(at("script.txt"))));
+        QVERIFY(m_driver->waitForPictures());
+        QTRY_VERIFY(choice->isVisible());
+        QVERIFY2(choice->toolTip().contains(QLatin1String("0.755")), qPrintable(choice->toolTip()));
+        if (full)
+            QVERIFY(click("fullAngles"));
+        QCOMPARE(choice->isChecked(), full);
+        QVERIFY(m_driver->waitForPictures());
+        import(at("window.pto"));
+        QCOMPARE(dump(m_imported.last()),
+            dump(commandLine(quoted("Clauss"), arguments + words(full ? "--full-angles" : ""))));
+        QVERIFY(click("another"));
+    }
 }
 
 void tst_MainWindow::leavesImports()
 {
-    makePictures(6);
-    writeFile(at("shooting.xml"), shootingXml(6, 1, 24));
+    makeShooting(6);
+    writeFile(at("notes.txt"), "nothing");
     const auto leave = [this](QMessageBox::StandardButton answer) {
         return WindowDriver::withDialogs(
             [this] { QTest::keyClick(m_driver->page(), Qt::Key_Escape); },
@@ -768,15 +724,17 @@ void tst_MainWindow::leavesImports()
                     box->button(answer)->click();
             });
     };
-    QVERIFY(m_driver->click(QStringLiteral("Papywizard")));
+    QVERIFY(click("Papywizard"));
     QPointer<QWizardPage> page = m_driver->page();
     QCOMPARE(leave(QMessageBox::NoButton), 0);
-    QVERIFY(m_driver->button(QStringLiteral("Clauss")));
+    QVERIFY(button("Clauss"));
 
-    QVERIFY(m_driver->click(QStringLiteral("Papywizard")));
+    QVERIFY(click("Papywizard"));
     QCOMPARE(m_driver->page(), page.data());
-    QVERIFY(m_driver->drop({m_folder->path()}));
+    // A folder may be dropped on the page itself too.
+    QVERIFY(m_driver->drop({m_folder->path()}, page));
     QVERIFY(m_driver->waitForPictures());
+    QCOMPARE(images().size(), 6);
     QCOMPARE(leave(QMessageBox::No), 1);
     QCOMPARE(m_driver->page(), page.data());
     QCOMPARE(leave(QMessageBox::Yes), 1);
@@ -784,7 +742,7 @@ void tst_MainWindow::leavesImports()
     QCOMPARE(page->property("images").toStringList(), QStringList());
 
     // The window may go with an import under way; the page is the plug-in's.
-    QVERIFY(m_driver->click(QStringLiteral("Papywizard")));
+    QVERIFY(click("Papywizard"));
     QVERIFY(m_driver->drop({m_folder->path()}));
     m_driver.reset();
     m_window.reset();
@@ -795,8 +753,7 @@ void tst_MainWindow::leavesImports()
 
 void tst_MainWindow::worksByKeyboard()
 {
-    const QStringList paths = makePictures(6);
-    writeFile(at("shooting.xml"), shootingXml(6, 1, 24));
+    const QStringList paths = makeShooting(6);
     QVERIFY(m_driver->drop({m_folder->path()}));
     QWidget *focused = m_window->focusWidget();
     QCOMPARE(focused->objectName(), QStringLiteral("Papywizard"));
@@ -805,7 +762,7 @@ void tst_MainWindow::worksByKeyboard()
     WindowDriver::withDialogs([this] { QTest::keyClick(m_driver->page(), Qt::Key_Return); },
         [](QWidget *dialog, int) { QTest::keyClick(dialog, Qt::Key_Return); });
     QVERIFY(QFile::exists(at("shooting.pto")));
-    auto *another = m_driver->button(QStringLiteral("another"));
+    auto *another = button("another");
     QVERIFY(another);
     another->setFocus();
     QTest::keyClick(another, Qt::Key_Return);
@@ -814,27 +771,24 @@ void tst_MainWindow::worksByKeyboard()
 
 void tst_MainWindow::opensWhatItWrote()
 {
-    makePictures(6);
-    writeFile(at("shooting.xml"), shootingXml(6, 1, 24));
-    QVERIFY(m_driver->click(QStringLiteral("Papywizard")));
-    QVERIFY(m_driver->drop({m_folder->path()}));
-    QVERIFY(m_driver->waitForPictures());
+    makeShooting(6);
+    begin("Papywizard");
     import(at("a project.pto"));
 
     QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "takeUrl");
-    QVERIFY(m_driver->click(QStringLiteral("folder")));
+    QVERIFY(click("folder"));
     QCOMPARE(m_urls, QList<QUrl>{QUrl::fromLocalFile(m_folder->path())});
 
     // Where there is a Hugin it is started, else whatever the desktop has for projects.
     const QByteArray path = qgetenv("PATH");
     qputenv("PATH", m_folder->path().toUtf8());
-    QVERIFY(m_driver->click(QStringLiteral("open")));
+    QVERIFY(click("open"));
     QCOMPARE(m_urls.last(), QUrl::fromLocalFile(at("a project.pto")));
     writeFile(at("hugin"),
         "#!/bin/sh\necho \"$@\" >\"${0%/*}/opened.part\"; /bin/mv \"${0%/*}/opened.part\" "
         "\"${0%/*}/opened\"\n");
     QVERIFY(QFile::setPermissions(at("hugin"), QFile::ReadOwner | QFile::ExeOwner));
-    QVERIFY(m_driver->click(QStringLiteral("open")));
+    QVERIFY(click("open"));
     QTRY_VERIFY(QFile::exists(at("opened")));
     QCOMPARE(fileContent(at("opened")), at("a project.pto").toUtf8() + '\n');
     QCOMPARE(m_urls.size(), 2);
@@ -847,31 +801,30 @@ void tst_MainWindow::finishesWhatItImported()
     // The head is a degree off, so an aligned project is another than what was imported.
     QProcess makeshooting;
     makeshooting.start(QStringLiteral(MAKESHOOTING),
-        QString(QStringLiteral("--rows 1 --columns 3 --size 450x300 --focal 28 --head-error 1"))
-                .split(QLatin1Char(' '))
-            + QStringList{QStringLiteral("--output"), at("shooting")});
+        words("--rows 1 --columns 3 --size 450x300 --focal 28 --head-error 1 --output")
+            + QStringList(at("shooting")));
     QVERIFY(makeshooting.waitForFinished() && makeshooting.exitCode() == 0);
     QVERIFY(m_driver->drop({at("shooting")}));
-    QVERIFY(m_driver->click(QStringLiteral("Papywizard")));
+    QVERIFY(click("Papywizard"));
     QVERIFY(m_driver->waitForPictures());
     import(at("shooting/x.pto"));
     const QByteArray imported = fileContent(at("shooting/x.pto"));
     const auto *report = m_window->findChild<QLabel *>(QStringLiteral("report"));
     const auto isDone = [this] {
-        const QAbstractButton *align = m_driver->button(QStringLiteral("align"));
+        const QAbstractButton *align = button("align");
         return align && align->isEnabled();
     };
     // Cancelled before it has begun: nothing is written, and nothing else is to be had meanwhile.
-    QVERIFY(m_driver->click(QStringLiteral("align")));
-    QVERIFY(!m_driver->button(QStringLiteral("another"))->isEnabled());
-    QVERIFY(!m_driver->button(QStringLiteral("panorama"))->isEnabled());
+    QVERIFY(click("align"));
+    QVERIFY(!button("another")->isEnabled());
+    QVERIFY(!button("panorama")->isEnabled());
     QVERIFY(!m_driver->drop({at("shooting")}));
-    QVERIFY(m_driver->click(QStringLiteral("cancelTask")));
+    QVERIFY(click("cancelTask"));
     QVERIFY(WindowDriver::waitFor(isDone));
     QVERIFY2(report->text().startsWith(QLatin1String("Cancelled")), qPrintable(report->text()));
     QCOMPARE(fileContent(at("shooting/x.pto")), imported);
 
-    QVERIFY(m_driver->click(QStringLiteral("align")));
+    QVERIFY(click("align"));
     QVERIFY(WindowDriver::waitFor(isDone));
     QVERIFY2(report->text().startsWith(QLatin1String("3 pictures, 3 joined")),
         qPrintable(report->text()));
@@ -880,15 +833,15 @@ void tst_MainWindow::finishesWhatItImported()
 
     // A look before leaves nothing behind.
     const QStringList files = QDir(at("shooting")).entryList(QDir::Files);
-    QVERIFY(m_driver->click(QStringLiteral("preview")));
+    QVERIFY(click("preview"));
     QVERIFY(WindowDriver::waitFor(isDone));
     auto *shown = m_window->findChild<QWidget *>(QStringLiteral("panoramaPicture"));
     QVERIFY2(shown->isVisible(), qPrintable(report->text()));
     const QImage plain = shown->grab().toImage();
     for (const char *lines : {"outlines", "seams"}) {
-        QVERIFY(m_driver->click(QLatin1String(lines)));
+        QVERIFY(click(lines));
         QVERIFY(shown->grab().toImage() != plain);
-        QVERIFY(m_driver->click(QLatin1String(lines)));
+        QVERIFY(click(lines));
         QCOMPARE(shown->grab().toImage(), plain);
     }
     QCOMPARE(QDir(at("shooting")).entryList(QDir::Files), files);
@@ -898,19 +851,16 @@ void tst_MainWindow::finishesWhatItImported()
     const QByteArray picture = fileContent(places[0]);
     int asked = 0;
     int complaints = 0;
-    WindowDriver::withDialogs([this] { QVERIFY(m_driver->click(QStringLiteral("panorama"))); },
+    WindowDriver::withDialogs([this] { QVERIFY(click("panorama")); },
         [&](QWidget *dialog, int) {
-            if (auto *files = qobject_cast<QFileDialog *>(dialog)) {
-                files->setOption(QFileDialog::DontConfirmOverwrite);
-                // Offered is a place where it is no picture of a later import.
-                QCOMPARE(files->directory(), QDir(m_folder->path()));
-                auto *name = files->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
-                QCOMPARE(name->text(), QStringLiteral("shooting.jpg"));
-                name->setText(places.value(asked++));
-                static_cast<QDialog *>(files)->accept();
-            } else {
+            const auto *files = qobject_cast<QFileDialog *>(dialog);
+            if (!files) {
                 ++complaints;
+                return;
             }
+            // Offered is a place where it is no picture of a later import.
+            QCOMPARE(files->selectedFiles(), QStringList(at("shooting.jpg")));
+            choose(dialog, places.value(asked++));
         });
     QCOMPARE(asked, 2);
     QCOMPARE(complaints, 1);
@@ -925,39 +875,38 @@ void tst_MainWindow::finishesWhatItImported()
     QCOMPARE(fileContent(at("shooting/x.pto")), aligned);
 
     QCOMPARE(fileContent(places[0]), picture);
-    QVERIFY(m_driver->click(QStringLiteral("another")));
+    QVERIFY(click("another"));
 }
 
 void tst_MainWindow::keepsProjectsThatWereChanged()
 {
-    makePictures(3);
-    writeFile(at("shooting.xml"), shootingXml(3, 1, 24));
+    makeShooting(3);
     QVERIFY(m_driver->drop({m_folder->path()}));
-    QVERIFY(m_driver->click(QStringLiteral("Papywizard")));
+    QVERIFY(click("Papywizard"));
     QVERIFY(m_driver->waitForPictures());
     import(at("x.pto"));
     writeFile(at("x.pto"), "gone on with");
     QString question;
-    QCOMPARE(WindowDriver::withDialogs([this] { m_driver->click(QStringLiteral("align")); },
+    QCOMPARE(WindowDriver::withDialogs([this] { click("align"); },
                  [&question](QWidget *dialog, int) {
                      question = static_cast<QMessageBox *>(dialog)->text();
                      static_cast<QMessageBox *>(dialog)->defaultButton()->click();
                  }),
         1);
     QVERIFY2(question.contains(QStringLiteral("“x.pto” has been changed")), qPrintable(question));
-    QVERIFY(m_driver->button(QStringLiteral("align"))->isEnabled());
+    QVERIFY(button("align")->isEnabled());
     QCOMPARE(fileContent(at("x.pto")), QByteArray("gone on with"));
 
     // Closing the window ends what is under way.
     QVERIFY(QFile::remove(at("x.pto")));
-    QVERIFY(m_driver->click(QStringLiteral("align")));
+    QVERIFY(click("align"));
     close();
     open();
 }
 
 void tst_MainWindow::remembers()
 {
-    QVERIFY(m_driver->click(QStringLiteral("Gigapan")));
+    QVERIFY(click("Gigapan"));
     m_window->resize(777, 701);
     close();
     open();
