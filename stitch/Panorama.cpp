@@ -67,34 +67,42 @@ QString workFolderOf(const QString &output)
     return QFileInfo(output).absoluteFilePath() + QStringLiteral(".work");
 }
 
-Panorama makePanorama(const ProjectRecord &record, const PictureTable &pictures,
+Panorama makePanorama(const PtoProject &recorded, const Aligning &aligning,
     const StitchWishes &wishes, const Progress &progress)
 {
     Panorama panorama;
-    // The places that the head recorded say near enough what will be needed.
-    const auto recorded = projectOf(record, pictures, &panorama.problem);
-    if (!recorded)
-        return panorama;
     WorkFolder folder(workFolderOf(wishes.output));
-    panorama.problem = stitchObstacle(*recorded, wishes, folder.size());
+    panorama.problem = stitchObstacle(recorded, wishes, folder.size());
     if (panorama.problem.isEmpty())
         panorama.problem = folder.open();
     if (!panorama.problem.isEmpty())
         return panorama;
-    if (const auto project = aligned(record, pictures, folder, progress, &panorama))
-        finish(*project, wishes, folder, progress, &panorama);
+    const auto [alignment, rendering] = oneBar(recorded, wishes, progress);
+    if (const auto project = aligning(folder, alignment, &panorama))
+        finish(*project, wishes, folder, rendering, &panorama);
     return panorama;
+}
+
+Panorama makePanorama(const ProjectRecord &record, const PictureTable &pictures,
+    const StitchWishes &wishes, const Progress &progress)
+{
+    Panorama panorama;
+    const auto recorded = projectOf(record, pictures, &panorama.problem);
+    if (!recorded)
+        return panorama;
+    return makePanorama(
+        *recorded,
+        [&](WorkFolder &folder, const Progress &alignment, Panorama *made) {
+            return aligned(record, pictures, folder, alignment, made);
+        },
+        wishes, progress);
 }
 
 Panorama makePanorama(
     const ReadProject &project, const StitchWishes &wishes, const Progress &progress)
 {
-    Panorama panorama;
-    WorkFolder folder(workFolderOf(wishes.output));
-    panorama.problem = stitchObstacle(project.project, wishes, folder.size());
-    if (panorama.problem.isEmpty())
-        panorama.problem = folder.open();
-    if (panorama.problem.isEmpty())
-        finish(project, wishes, folder, progress, &panorama);
-    return panorama;
+    return makePanorama(
+        project.project,
+        [&project](WorkFolder &, const Progress &, Panorama *) { return std::optional(project); },
+        wishes, progress);
 }

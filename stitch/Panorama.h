@@ -21,6 +21,16 @@ struct Panorama {
 /// The usual work folder of a panorama that is called \a output.
 QString workFolderOf(const QString &output);
 
+/// Gives a project whose pictures look where they should. Nothing when cancelled or, with a
+/// sentence in \a panorama, when it cannot.
+using Aligning = std::function<std::optional<ReadProject>(
+    WorkFolder &folder, const Progress &progress, Panorama *panorama)>;
+
+/// Stitches what \a aligning makes of \a recorded, whose places say near enough what will be
+/// needed: what cannot be had is refused before anything is aligned. Else as the next one.
+Panorama makePanorama(const PtoProject &recorded, const Aligning &aligning,
+    const StitchWishes &wishes, const Progress &progress);
+
 /// Aligns \a record and stitches it: all that makes a panorama of an import. What it works on lies
 /// in workFolderOf(wishes.output) until it is done, and stays there when wishes.keep is set or it
 /// does not come to an end: a later call with the same record goes on from it, and never aligns

@@ -17,6 +17,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <memory>
 #include <numeric>
 
 namespace {
@@ -25,9 +26,17 @@ constexpr int kPreviewWidth = 1500;
 /// What JPEG can hold.
 constexpr int kLongestJpegSide = 65'000;
 const QString kJpegQuality = QStringLiteral("92");
-/// Work per pixel, remapping being 1.
-constexpr double kFusingWork = 2;
-constexpr double kBlendingWork = 6;
+constexpr double kMegapixel = 1e6;
+/// Megapixels that are remapped while a picture is aligned, or its light compared, or while the
+/// tool that remaps it starts. All that is reckoned as work was measured on two cores.
+constexpr double kAlignment = 0.2;
+constexpr double kComparison = 0.75;
+constexpr double kStart = 0.8;
+/// Work of a megapixel in a step: as a picture, and as radiance.
+constexpr double kRemapping[] = {1, 1.85};
+constexpr double kMerging[] = {0.3, 0.15};
+constexpr double kBlending[] = {1, 1.5};
+constexpr double kTiling = 0.7;
 /// Parts of the whole that progress tells of.
 constexpr int kParts = 1000;
 /// Evening out, remapping, merging, blending, web folder.
@@ -64,6 +73,11 @@ QVector<QRect> layersOf(const PtoProject &project, const Frame &frame)
     return layers;
 }
 
+Frame previewOf(const Frame &frame)
+{
+    return frame.scaledTo(std::min(kPreviewWidth, frame.crop.width()));
+}
+
 double areaOf(const QRect &rect)
 {
     return double(rect.width()) * rect.height();
@@ -83,6 +97,59 @@ QVector<int> representatives(const PtoProject &project)
         result.append(stack.at((stack.size() - 1) / 2));
     }
     return result;
+}
+
+/// How much each step has to do, in remapped megapixels.
+std::array<double, kSteps> workOf(const PtoProject &project, const Frame &frame,
+    const QVector<QRect> &layers, const StitchWishes &wishes)
+{
+    const Rendering rendering = renderingOf(project);
+    const int kind = rendering == Rendering::Radiance ? 1 : 0;
+    double remapped = 0;
+    QMap<int, QRect> blended;
+    for (int i = 0; i < layers.size(); ++i) {
+        remapped += areaOf(layers.at(i));
+        blended[project.pictures.at(i).location] |= layers.at(i);
+    }
+    double merged = 0;
+    for (const QRect &layer : qAsConst(blended))
+        merged += areaOf(layer);
+    const double pictures = project.pictures.size();
+    return {wishes.photometric ? kComparison * pictures : 0,
+        kStart * pictures + kRemapping[kind] * remapped / kMegapixel,
+        rendering == Rendering::Plain ? 0 : kMerging[kind] * remapped / kMegapixel,
+        kBlending[kind] * merged / kMegapixel,
+        wishes.web.path.isEmpty() ? 0 : kTiling * areaOf(frame.crop) / kMegapixel};
+}
+
+/// Why nona cannot read a picture of \a project; empty when it can read all. It goes by the first
+/// bytes, and of a RAW that begins like a TIFF it would take the thumbnail for the picture.
+QString foreignPicture(const PtoProject &project)
+{
+    const auto isForeign = [](const PtoProject::Picture &picture) {
+        QFile file(picture.path);
+        if (!file.open(QIODevice::ReadOnly))
+            return false; // Told elsewhere.
+        const QByteArray start = file.read(10);
+        const QString suffix = QFileInfo(picture.path).suffix().toLower();
+        const bool isTiff
+            = start.startsWith(QByteArray("II*\0", 4)) || start.startsWith(QByteArray("MM\0*", 4));
+        if (isTiff)
+            return suffix != QLatin1String("tif") && suffix != QLatin1String("tiff");
+        constexpr const char *kStarts[]
+            = {"\xff\xd8\xff", "\x89PNG", "BM", "GIF8", "P5", "P6", "\x76\x2f\x31\x01", "#?"};
+        return std::none_of(std::begin(kStarts), std::end(kStarts),
+            [&start](const char *known) { return start.startsWith(known); });
+    };
+    const auto begin = project.pictures.cbegin();
+    const auto end = project.pictures.cend();
+    const auto first = std::find_if(begin, end, isForeign);
+    if (first == end)
+        return {};
+    const auto others = std::count_if(first + 1, end, isForeign);
+    return QStringLiteral("%1: Hugin's tools cannot read such a file; develop or convert it%2 to "
+                          ".tif or .jpg and import that")
+        .arg(first->path, others == 0 ? QString() : QStringLiteral(" and %1 more").arg(others));
 }
 
 /// Hears from enblend's lines how far it is. It blends groups of pictures that do not overlap, one
@@ -146,7 +213,8 @@ public:
         m_rendering = renderingOf(m_project);
         m_result.frame = m_frame;
         m_layers = layersOf(m_project, m_frame);
-        reckon();
+        m_share = workOf(m_project, m_frame, m_layers, m_wishes);
+        m_whole = std::accumulate(m_share.begin(), m_share.end(), 0.0);
         m_result.done = (!m_wishes.photometric || evenOut()) && remap() && mergeStacks() && blend()
             && writeWeb() && finish();
         return m_result;
@@ -166,47 +234,34 @@ private:
         }
         m_project = project;
         m_light = light;
-        m_frame = m_frame.scaledTo(std::min(kPreviewWidth, m_frame.crop.width()));
+        m_frame = previewOf(m_frame);
         m_wishes.photometric = false;
     }
 
-    /// How much there is to do, in remapped pixels.
-    void reckon()
-    {
-        double layers = 0;
-        for (const QRect &layer : qAsConst(m_layers))
-            layers += areaOf(layer);
-        m_share[0] = m_wishes.photometric ? 0.3 * layers : 0;
-        m_share[1] = layers;
-        m_share[2] = m_rendering == Rendering::Plain ? 0 : kFusingWork * layers;
-        m_share[3] = kBlendingWork * areaOf(m_frame.crop);
-        m_share[4] = m_wishes.web.path.isEmpty() ? 0 : areaOf(m_frame.crop);
-        m_whole = std::accumulate(std::begin(m_share), std::end(m_share), 0.0);
-    }
-
     /// Tells that \a part of the step is done; false when the user has had enough.
-    bool tell(double part) const
+    bool tell(double part)
     {
         if (!m_progress)
             return true;
-        double done = m_share[m_step] * part;
-        for (int i = 0; i < m_step; ++i)
-            done += m_share[i];
+        const double before = std::accumulate(m_share.begin(), m_share.begin() + m_step, 0.0);
+        m_told = std::max(m_told, before + m_share[m_step] * part);
         static const std::array<QString, kSteps> names{QStringLiteral("Evening out brightness"),
             QStringLiteral("Remapping"), QStringLiteral("Merging exposures"),
             QStringLiteral("Blending"), QStringLiteral("Making tiles")};
-        return m_progress(names.at(std::size_t(m_step)), int(done / m_whole * kParts), kParts);
+        return m_progress(names.at(std::size_t(m_step)), int(m_told / m_whole * kParts), kParts);
     }
 
-    /// Runs \a calls; \a done finishes what a call has made, false when it cannot.
+    /// Runs \a calls, whose work is as \a weights (else equal); \a done finishes what a call has
+    /// made, false when it cannot.
     bool run(const QVector<ToolCall> &calls, const std::function<bool(int)> &done,
-        const std::function<void(const QByteArray &)> &line = {})
+        const std::function<void(const QByteArray &)> &line = {},
+        const QVector<double> &weights = {})
     {
+        const double whole = std::accumulate(weights.cbegin(), weights.cend(), 0.0);
         ToolRunner::Settings settings;
         settings.log = m_folder.file(QStringLiteral("log.txt"));
         settings.temporaryFolder = m_folder.path();
         settings.jobs = std::min(m_jobs, std::max(1, int(calls.size())));
-        int ended = 0;
         ToolRunner::Listener listener;
         m_part = 0;
         listener.keepOn = [this] { return tell(m_part); };
@@ -217,7 +272,7 @@ private:
         listener.done = [&](int call) {
             if (!done(call))
                 return QStringLiteral("%1: cannot be written to").arg(m_folder.path());
-            m_part = double(++ended) / calls.size();
+            m_part += whole > 0 ? weights.at(call) / whole : 1.0 / calls.size();
             return QString();
         };
         const ToolOutcome outcome = ToolRunner(settings).run(calls, listener);
@@ -298,6 +353,7 @@ private:
         QVector<ToolCall> calls;
         QStringList scripts;
         QStringList wanted;
+        QVector<double> weights;
         for (int i = 0; i < m_project.pictures.size(); ++i) {
             const PtoProject::Picture &picture = m_project.pictures.at(i);
             m_remapped.append(QString());
@@ -326,8 +382,9 @@ private:
                 {QStringLiteral("nona"), arguments, prefix + QStringLiteral("-0000") + suffix});
             scripts.append(scriptFile);
             wanted.append(finished);
+            weights.append(kStart + areaOf(m_layers.at(i)) / kMegapixel);
         }
-        return run(calls, [&](int call) {
+        const auto done = [&](int call) {
             QFile::remove(scripts.at(call));
             const QString made = calls.at(call).result;
             if (isRadiance) {
@@ -336,7 +393,8 @@ private:
                     return false;
             }
             return WorkFolder::finish(made, wanted.at(call));
-        });
+        };
+        return run(calls, done, {}, weights);
     }
 
     static QString grayOf(const QString &exr)
@@ -511,6 +569,7 @@ private:
     double m_part = 0;
     std::array<double, kSteps> m_share{};
     double m_whole = 1;
+    double m_told = 0;
     Stitched m_result;
 };
 
@@ -582,6 +641,8 @@ QString stitchObstacle(const PtoProject &project, const StitchWishes &wishes, qi
     QString problem = nameMisfit(rendering, wishes);
     if (problem.isEmpty())
         problem = missingTools(toolsFor(rendering, wishes));
+    if (problem.isEmpty())
+        problem = foreignPicture(project);
     if (!problem.isEmpty())
         return problem;
     const auto frame = frameOf(project, wishes.frame, &problem);
@@ -601,6 +662,55 @@ QString stitchObstacle(const PtoProject &project, const StitchWishes &wishes, qi
     const Need need = needOf(project, *frame, layersOf(project, *frame), rendering,
         format == Format::Tiff, jobsOf(wishes));
     return excess(need, wishes.memory, QFileInfo(wishes.output).absolutePath(), kept);
+}
+
+std::pair<Progress, Progress> oneBar(
+    const PtoProject &project, const StitchWishes &wishes, const Progress &progress)
+{
+    QString problem;
+    const auto frame = frameOf(project, wishes.frame, &problem);
+    if (!frame || !progress)
+        return {progress, progress};
+    const Frame shown = wishes.preview ? previewOf(*frame) : *frame;
+    const auto work = workOf(project, shown, layersOf(project, shown), wishes);
+    const double aligning = kAlignment * project.pictures.size();
+    const double share = aligning / std::accumulate(work.begin(), work.end(), aligning);
+    // What was aligned before is not told of.
+    const auto before = std::make_shared<double>(0);
+    const Progress alignment = [before, share, tell = asOneBar(progress, share)](
+                                   const QString &step, int done, int total) {
+        *before = share;
+        return tell(step, done, total);
+    };
+    const Progress rendering = [before, progress](const QString &step, int done, int total) {
+        const double part = *before + (1 - *before) * done / total;
+        return progress(step, int(part * kParts), kParts);
+    };
+    return {alignment, rendering};
+}
+
+Progress asOneBar(const Progress &progress, double share)
+{
+    if (!progress)
+        return {};
+    struct State {
+        QString step;
+        double before = 0;
+        double told = 0;
+    };
+    return [progress, share, state = std::make_shared<State>()](
+               const QString &step, int done, int total) {
+        if (step != state->step) {
+            state->step = step;
+            state->before = state->told;
+        }
+        // Most of what is left: nobody knows what comes after it.
+        constexpr double kMost = 0.8;
+        if (total > 0)
+            state->told = std::max(
+                state->told, state->before + kMost * (1 - state->before) * double(done) / total);
+        return progress(step, int(state->told * share * kParts), kParts);
+    };
 }
 
 Stitched stitch(const PtoProject &project, const QVector<PictureLight> &light,

@@ -12,6 +12,7 @@
 
 #include <QPolygonF>
 #include <optional>
+#include <utility>
 
 /// What is to be made of an aligned project.
 struct StitchWishes {
@@ -53,6 +54,15 @@ Rendering renderingOf(const PtoProject &project);
 /// fit, a tool is missing, the picture is too large. Empty when they can. Of the disk that it needs
 /// \a kept bytes hold work that was done before.
 QString stitchObstacle(const PtoProject &project, const StitchWishes &wishes, qint64 kept = 0);
+
+/// Tells \a progress of work that takes the first \a share of all, in steps that are not known
+/// before, as of one bar that never goes back.
+Progress asOneBar(const Progress &progress, double share = 1);
+
+/// What is to be told of the alignment and of the stitch() of \a project, so that \a progress hears
+/// of one bar for both.
+std::pair<Progress, Progress> oneBar(
+    const PtoProject &project, const StitchWishes &wishes, const Progress &progress);
 
 /// Renders \a project (\a light: one a picture, or empty) by the Hugin tools and enblend, working
 /// in \a folder, which is open. The output appears when it is whole. May run for long: call it in a

@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QImage>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
@@ -69,6 +70,23 @@ double unevenness(const QImage &picture, const QImage &scene)
         }
     }
     return std::sqrt(squares / count - sum * sum / count / count);
+}
+
+/// Whether \a log tells of one bar that begins at most at a tenth, never goes back and comes beyond
+/// half.
+bool isOneBar(const QString &log)
+{
+    int last = 10;
+    bool isFirst = true;
+    auto parts = QRegularExpression(QStringLiteral(", ([0-9]+) %")).globalMatch(log);
+    while (parts.hasNext()) {
+        const int part = parts.next().captured(1).toInt();
+        if (isFirst ? part > last : part < last)
+            return false;
+        isFirst = false;
+        last = part;
+    }
+    return !isFirst && last > 50;
 }
 
 /// The share of pixels that are all but black.
@@ -157,6 +175,12 @@ private slots:
         shoot(QStringLiteral("flat"),
             QStringLiteral("--format gigapan --rows 3 --columns 3 --focal 100 --size 180x120"));
         shoot(QStringLiteral("two"), QStringLiteral("--rows 1 --columns 2 --size 120x80"));
+        // RAW pictures begin like a TIFF; browsers' pictures like nothing the tools know.
+        writeFile(at(QStringLiteral("raw.NEF")), QByteArray("II*\0\x08\0\0\0", 8));
+        writeFile(at(QStringLiteral("web.jpg")), "RIFF\x20\0\0\0WEBP");
+        QByteArray project = contentOf(at(QStringLiteral("two/truth.pto")));
+        writeFile(at(QStringLiteral("foreign.pto")),
+            project.replace("IMG_0001.jpg", "raw.NEF").replace("IMG_0002.jpg", "web.jpg"));
         QProcess process;
         process.start(QStringLiteral(MAKESHOOTING),
             {QStringLiteral("--scene"), at(QStringLiteral("scene.png")),
@@ -317,6 +341,7 @@ private slots:
         const Run run = panohost(QStringLiteral("stitch ") + arguments);
         QVERIFY2(run.exitCode == 0, qUtf8Printable(run.err));
         QVERIFY2(run.out.contains(told), qUtf8Printable(run.out));
+        QVERIFY2(isOneBar(run.err), qUtf8Printable(run.err));
         const QString output
             = arguments.section(QStringLiteral("--output "), 1).section(QLatin1Char(' '), 0, 0);
         QVERIFY(contentOf(at(output)).startsWith(magic));
@@ -371,6 +396,9 @@ private slots:
         row("--project two/truth.pto --output no/pano.jpg", "there is no folder", 1);
         row("--project two/truth.pto --output two/IMG_0001.jpg --force", "is one of the files", 1);
         row("--project two/truth.pto --output scene.png", "exists already", 1);
+        row("--project foreign.pto --output pano.jpg",
+            "raw.NEF: Hugin's tools cannot read such a file; develop or convert it and 1 more to",
+            1);
         row("--project two/none.pto --output pano.jpg", "cannot be opened", 1);
         row("--project two/truth.json --output pano.jpg", "no pictures", 1);
         row("--project sphere/truth.pto --output pano.jpg --projection rectilinear", "at most 160",

@@ -150,7 +150,7 @@ void FinishingPane::align()
     if (!mayWriteOver())
         return;
     start([import = m_import](const Progress &progress, Outcome &outcome) {
-        if (!alignInto(outcome, import, progress))
+        if (!alignInto(outcome, import, asOneBar(progress)))
             return;
         outcome.text
             = projectText(outcome.aligned->project, QFileInfo(import.project).absolutePath());
@@ -190,14 +190,21 @@ void FinishingPane::makePreview()
 bool FinishingPane::stitchInto(Outcome &outcome, const WrittenImport &import,
     const StitchWishes &wishes, const Progress &progress)
 {
-    if (!alignInto(outcome, import, progress))
+    const auto recorded = projectOf(import.record, import.pictures, &outcome.problem);
+    if (!recorded)
         return false;
-    const PtoProject &project = outcome.aligned->project;
-    const Panorama panorama
-        = ::makePanorama(ReadProject{project, plainLight(project)}, wishes, progress);
-    outcome.problem = panorama.problem;
+    const auto aligning
+        = [&](WorkFolder &, const Progress &alignment, Panorama *) -> std::optional<ReadProject> {
+        if (!alignInto(outcome, import, alignment))
+            return std::nullopt;
+        return ReadProject{outcome.aligned->project, plainLight(outcome.aligned->project)};
+    };
+    const Panorama panorama = ::makePanorama(*recorded, aligning, wishes, progress);
+    if (outcome.problem.isEmpty())
+        outcome.problem = panorama.problem;
     if (!panorama.done)
         return false;
+    const PtoProject &project = outcome.aligned->project;
     const Frame &frame = panorama.stitched.frame;
     outcome.shown = {QFileInfo(wishes.output).fileName(), shownPicture(wishes.output),
         outlinesOf(project, frame), panorama.stitched.seams};
@@ -212,7 +219,7 @@ void FinishingPane::start(const Work &work)
 {
     m_outcome = std::make_shared<Outcome>();
     m_outcome->aligned = m_aligned;
-    m_step.clear();
+    m_total = -1;
     showProgress(tr("Getting ready"), 0, 0);
     m_task.start(
         [work, outcome = m_outcome](const Progress &progress) { work(progress, *outcome); });
@@ -221,8 +228,7 @@ void FinishingPane::start(const Work &work)
 
 void FinishingPane::showProgress(const QString &step, int done, int total)
 {
-    if (step != m_step || total != m_total) {
-        m_step = step;
+    if (total != m_total) {
         m_total = total;
         m_pace.start(m_clock.elapsed());
     }
@@ -232,10 +238,7 @@ void FinishingPane::showProgress(const QString &step, int done, int total)
     QString name = step;
     if (!name.isEmpty())
         name[0] = name[0].toUpper();
-    const QLocale locale;
-    m_progress->setFormat(total > 0
-            ? tr("%1: %2 of %3").arg(name, locale.toString(done), locale.toString(total))
-            : name);
+    m_progress->setFormat(total > 0 ? tr("%1: %2 %").arg(name).arg(100 * done / total) : name);
     m_timeLeft->setText(total > 0 ? timeLeftText(m_pace.timeFor(total - done)) : QString());
 }
 

@@ -87,7 +87,6 @@ private:
     /// Once aligned, not again.
     std::optional<Aligned> m_aligned;
     std::shared_ptr<Outcome> m_outcome;
-    QString m_step;
     int m_total = 0;
     ReadingPace m_pace;
     QElapsedTimer m_clock;
