@@ -5,7 +5,7 @@
 # Sourced by the scripts of the top folder. What the project needs of Debian 12 is listed here, once.
 
 declare -A package_groups=(
-    [build]="cmake ninja-build g++ qtbase5-dev qttools5-dev qttools5-dev-tools libexiv2-dev libopencv-dev libceres-dev libturbojpeg0-dev libqt5svg5-dev librsvg2-bin"
+    [build]="cmake ninja-build g++ qtbase5-dev qttools5-dev qttools5-dev-tools libexiv2-dev libopencv-dev libceres-dev libturbojpeg0-dev libopenexr-dev libqt5svg5-dev librsvg2-bin"
     [test]="hugin-tools enblend enfuse chromium chromium-driver fonts-dejavu-core"
     [demo]="hugin-tools enblend enfuse fonts-dejavu-core"
     [qt6]="qt6-base-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools qt6-svg-dev"

@@ -5,6 +5,7 @@
 
 #include "stitch/Outlines.h"
 #include "stitch/Photometry.h"
+#include "stitch/Radiance.h"
 #include "stitch/Script.h"
 #include "stitch/Tags.h"
 #include "stitch/ToolRunner.h"
@@ -533,19 +534,15 @@ private:
     bool finish()
     {
         m_step = 3;
-        QString whole = m_folder.unfinished(m_blended);
-        if (m_wishes.keep) {
-            if (!QFile::copy(m_blended, whole)) {
-                m_result.problem = QStringLiteral("%1: cannot be written").arg(whole);
-                return false;
-            }
-        } else if (!WorkFolder::finish(m_blended, whole)) {
-            m_result.problem = QStringLiteral("%1: cannot be moved").arg(m_blended);
-            return false;
-        }
-        if (m_format != Format::Exr) {
-            const int first = representatives(m_project).constFirst();
-            m_result.problem = writeTags(whole, m_project.pictures.at(first).path, m_frame);
+        const QString whole = m_folder.unfinished(m_blended);
+        const QString first = m_project.pictures.at(representatives(m_project).constFirst()).path;
+        if (m_format == Format::Exr) {
+            m_result.problem = writeRadiance(m_blended, whole, first, m_frame);
+        } else if (m_wishes.keep ? QFile::copy(m_blended, whole)
+                                 : WorkFolder::finish(m_blended, whole)) {
+            m_result.problem = writeTags(whole, first, m_frame);
+        } else {
+            m_result.problem = QStringLiteral("%1: cannot be written").arg(whole);
         }
         if (m_result.problem.isEmpty() && !WorkFolder::finish(whole, m_wishes.output))
             m_result.problem = QStringLiteral("%1: cannot be written").arg(m_wishes.output);
