@@ -10,12 +10,9 @@
 
 #include <QApplication>
 #include <QDoubleSpinBox>
-#include <QLabel>
 #include <QRadioButton>
-#include <QScrollArea>
 #include <QSignalSpy>
 #include <QSlider>
-#include <QTemporaryDir>
 
 namespace {
 
@@ -40,24 +37,6 @@ QString layoutOf(const PageDriver &driver)
         .arg(mode.isEmpty() ? QStringLiteral("-") : mode);
 }
 
-QImage drawingOf(const PageDriver &driver)
-{
-    const auto *label = qobject_cast<QLabel *>(driver.widget<QScrollArea>("m_saPreview")->widget());
-    return label->pixmap(Qt::ReturnByValue).toImage();
-}
-
-QString groupsOf(const ProjectRecord &record)
-{
-    QStringList groups;
-    for (const QStringList &group : record.groups) {
-        QStringList names;
-        for (const QString &path : group)
-            names.append(QFileInfo(path).completeBaseName());
-        groups.append(names.join(QLatin1Char(' ')));
-    }
-    return groups.join(QLatin1Char('|'));
-}
-
 } // namespace
 
 class tst_UIWPGigapan : public QObject {
@@ -65,11 +44,8 @@ class tst_UIWPGigapan : public QObject {
 
 private slots:
     void init() { host().reset(); }
-    void choosesGrid_data();
-    void choosesGrid();
-    void typesLayout_data();
-    void typesLayout();
-    void badValuesChangeNothing_data();
+    void layouts_data();
+    void layouts();
     void badValuesChangeNothing();
     void refreshRunsNoSlot();
     void modes();
@@ -78,8 +54,6 @@ private slots:
     void previewShowsOrder();
     void previewSize_data();
     void previewSize();
-    void countsWhatIsNotUsed_data();
-    void countsWhatIsNotUsed();
 
 private:
     /// A page with \a count pictures that have been read.
@@ -95,101 +69,70 @@ std::unique_ptr<PageDriver> tst_UIWPGigapan::driverWith(int count)
     return driver;
 }
 
-void tst_UIWPGigapan::choosesGrid_data()
+void tst_UIWPGigapan::layouts_data()
 {
     QTest::addColumn<int>("count");
+    // Typed; none: what is chosen for the pictures.
+    QTest::addColumn<QStringList>("rowsBracketIgnore");
     QTest::addColumn<QString>("layout");
-    QTest::newRow("12") << 12 << "3 x 4, 1, 0, 0";
-    QTest::newRow("24") << 24 << "4 x 6, 1, 0, 0";
-    QTest::newRow("25") << 25 << "5 x 5, 1, 0, 0";
-    QTest::newRow("prime") << 7 << "1 x 7, 1, 0, 0";
+    QTest::addColumn<QString>("unused");
+    const auto row = [](const char *name, int count, const char *typed, const char *layout,
+                         const char *unused = "") {
+        QTest::newRow(name) << count
+                            << QString::fromLatin1(typed).split(
+                                   QLatin1Char(' '), Qt::SkipEmptyParts)
+                            << QString::fromLatin1(layout) << QString::fromLatin1(unused);
+    };
+    row("12", 12, "", "3 x 4, 1, 0, 0");
+    row("24", 24, "", "4 x 6, 1, 0, 0");
+    row("25", 25, "", "5 x 5, 1, 0, 0");
+    row("prime", 7, "", "1 x 7, 1, 0, 0");
+    row("brackets", 24, "4 3 0", "4 x 2, 3, 0, 0");
+    row("ignored", 24, "2 2 4", "2 x 5, 2, 4, 0", "Pictures ignored: 4");
+    row("ignored and left over", 24, "3 2 5", "3 x 3, 2, 5, 0",
+        "Pictures ignored: 5\nPictures left over: 1");
+    row("more rows than pictures", 24, "25 1 0", "25 x 1, 1, 0, 0", "Pictures left over: 24");
+    row("all ignored", 24, "4 1 100000", "4 x 1, 1, 100000, 0", "Pictures ignored: 24");
+    row("no pictures", 0, "2 1 0", "2 x 1, 1, 0, 0");
 }
 
-// Whatever was set for the pictures before; only the order stays.
-void tst_UIWPGigapan::choosesGrid()
+// Whatever was set for the pictures before.
+void tst_UIWPGigapan::layouts()
 {
     QFETCH(int, count);
-    QFETCH(QString, layout);
+    QFETCH(QStringList, rowsBracketIgnore);
     const auto driver = driverWith(30);
     driver->type("m_sbBracket", QStringLiteral("3"));
     driver->type("m_sbIgnore", QStringLiteral("2"));
-    driver->drop(picturePaths(QStringLiteral("/q"), count));
-    QCOMPARE(layoutOf(*driver), layout);
-    QCOMPARE(driver->text("m_lbImage"), QStringLiteral("%1 images in ").arg(count));
+    if (count > 0)
+        driver->drop(picturePaths(QStringLiteral("/q"), count));
+    else
+        driver->click("m_pbReset");
     QVERIFY(driver->awaitRead(count));
-    QVERIFY(driver->isComplete());
-}
-
-void tst_UIWPGigapan::typesLayout_data()
-{
-    QTest::addColumn<int>("count");
-    QTest::addColumn<QString>("rows");
-    QTest::addColumn<QString>("bracket");
-    QTest::addColumn<QString>("ignore");
-    QTest::addColumn<QString>("layout");
-    QTest::newRow("brackets") << 24 << "4"
-                              << "3"
-                              << "0"
-                              << "4 x 2, 3, 0, 0";
-    QTest::newRow("ignored and left over") << 24 << "3"
-                                           << "2"
-                                           << "5"
-                                           << "3 x 3, 2, 5, 0";
-    QTest::newRow("more rows than pictures") << 24 << "25"
-                                             << "1"
-                                             << "0"
-                                             << "25 x 1, 1, 0, 0";
-    QTest::newRow("all ignored") << 24 << "4"
-                                 << "1"
-                                 << "100000"
-                                 << "4 x 1, 1, 100000, 0";
-    QTest::newRow("no pictures") << 0 << "2"
-                                 << "1"
-                                 << "0"
-                                 << "2 x 1, 1, 0, 0";
-}
-
-void tst_UIWPGigapan::typesLayout()
-{
-    QFETCH(int, count);
-    QFETCH(QString, rows);
-    QFETCH(QString, bracket);
-    QFETCH(QString, ignore);
-    const auto driver
-        = count > 0 ? driverWith(count) : std::make_unique<PageDriver>(new UIWPGigapan);
-    driver->type("m_sbRow", rows);
-    driver->type("m_sbBracket", bracket);
-    driver->type("m_sbIgnore", ignore);
+    for (const char *box : {"m_sbRow", "m_sbBracket", "m_sbIgnore"}) {
+        if (!rowsBracketIgnore.isEmpty())
+            driver->type(box, rowsBracketIgnore.takeFirst());
+    }
     QTEST(layoutOf(*driver), "layout");
+    QTEST(driver->widget("m_saPreview")->toolTip(), "unused");
+    QCOMPARE(driver->text("m_lbImage"), QStringLiteral("%1 images in ").arg(count));
     QCOMPARE(driver->isComplete(), count > 0);
     driver->click("m_pbReset");
     QCOMPARE(layoutOf(*driver), QStringLiteral("4 x 5, 1, 0, 0"));
     QVERIFY(!driver->isComplete());
 }
 
-void tst_UIWPGigapan::badValuesChangeNothing_data()
-{
-    QTest::addColumn<QByteArray>("slot");
-    QTest::addColumn<int>("value");
-    QTest::addColumn<QString>("layout");
-    const QString same = QStringLiteral("4 x 6, 1, 0, 0");
-    QTest::newRow("no rows") << QByteArray("SetRow") << 0 << same;
-    QTest::newRow("negative rows") << QByteArray("SetRow") << -3 << same;
-    QTest::newRow("no bracket") << QByteArray("OnChangeBracket") << 0 << same;
-    QTest::newRow("negative bracket") << QByteArray("OnChangeBracket") << -1 << same;
-    QTest::newRow("negative ignore") << QByteArray("IgnoreNImages") << -1 << same;
-    QTest::newRow("two rows") << QByteArray("SetRow") << 2 << "2 x 12, 1, 0, 0";
-    QTest::newRow("two pictures") << QByteArray("OnChangeBracket") << 2 << "4 x 3, 2, 0, 0";
-    QTest::newRow("ignore four") << QByteArray("IgnoreNImages") << 4 << "4 x 5, 1, 4, 0";
-}
-
 void tst_UIWPGigapan::badValuesChangeNothing()
 {
-    QFETCH(QByteArray, slot);
-    QFETCH(int, value);
     const auto driver = driverWith(24);
-    QVERIFY(QMetaObject::invokeMethod(&driver->page(), slot.constData(), Q_ARG(int, value)));
-    QTEST(layoutOf(*driver), "layout");
+    for (const auto &[slot, value, layout] :
+        {std::tuple{"SetRow", 0, "4 x 6, 1, 0, 0"}, {"SetRow", -3, "4 x 6, 1, 0, 0"},
+            {"OnChangeBracket", 0, "4 x 6, 1, 0, 0"}, {"OnChangeBracket", -1, "4 x 6, 1, 0, 0"},
+            {"IgnoreNImages", -1, "4 x 6, 1, 0, 0"}, {"SetRow", 2, "2 x 12, 1, 0, 0"},
+            {"OnChangeBracket", 2, "2 x 6, 2, 0, 0"}, {"IgnoreNImages", 4, "2 x 5, 2, 4, 0"}}) {
+        QVERIFY(QMetaObject::invokeMethod(&driver->page(), slot, Q_ARG(int, value)));
+        QCOMPARE(layoutOf(*driver), QLatin1String(layout));
+    }
 }
 
 void tst_UIWPGigapan::refreshRunsNoSlot()
@@ -265,7 +208,7 @@ void tst_UIWPGigapan::record()
     expected.overlap = changed ? 33.5 : 40;
     if (changed)
         QCOMPARE(
-            groupsOf(expected), QStringLiteral("18 17|16 15|14 13|12 11|10 9|8 7|6 5|4 3|2 1"));
+            stacksOf(expected), QStringLiteral("18 17|16 15|14 13|12 11|10 9|8 7|6 5|4 3|2 1"));
 
     PageDriver driver(new UIWPGigapan);
     driver.drop(files);
@@ -304,7 +247,7 @@ void tst_UIWPGigapan::previewShowsOrder()
     driver.type("m_sbIgnore", QStringLiteral("1"));
     QCOMPARE(layoutOf(driver), QStringLiteral("2 x 2, 2, 1, 0"));
     const auto cells = [&] {
-        const QImage drawing = drawingOf(driver);
+        const QImage drawing = driver.preview().toImage();
         QVector<QColor> shown;
         for (const QPoint &cell : {QPoint(0, 0), QPoint(1, 0), QPoint(0, 1), QPoint(1, 1)})
             shown.append(drawing.pixelColor(8 + 104 * cell.x() + 34, 8 + 104 * cell.y() + 14));
@@ -343,26 +286,6 @@ void tst_UIWPGigapan::previewSize()
     driver->type("m_sbRow", QString::number(rows));
     driver->widget<QSlider>("m_hSlider")->setValue(zoom);
     QTEST(driver->previewSize(), "size");
-}
-
-void tst_UIWPGigapan::countsWhatIsNotUsed_data()
-{
-    QTest::addColumn<int>("ignore");
-    QTest::addColumn<QString>("toolTip");
-    QTest::newRow("all used") << 0 << "";
-    QTest::newRow("ignored") << 4 << "Pictures ignored: 4";
-    QTest::newRow("both") << 1 << "Pictures ignored: 1\nPictures left over: 3";
-    QTest::newRow("all ignored") << 100 << "Pictures ignored: 12";
-}
-
-void tst_UIWPGigapan::countsWhatIsNotUsed()
-{
-    QFETCH(int, ignore);
-    const auto driver = driverWith(12);
-    driver->type("m_sbRow", QStringLiteral("2"));
-    driver->type("m_sbBracket", QStringLiteral("2"));
-    driver->type("m_sbIgnore", QString::number(ignore));
-    QTEST(driver->widget("m_saPreview")->toolTip(), "toolTip");
 }
 
 FAKE_HOST_GUI_MAIN(tst_UIWPGigapan)

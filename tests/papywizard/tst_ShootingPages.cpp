@@ -9,11 +9,7 @@
 #include "tests/support/RecordDump.h"
 #include "vrdrive2/UIWPVRDrive2.h"
 
-#include <QAbstractItemView>
 #include <QApplication>
-#include <QCompleter>
-#include <QLabel>
-#include <QScrollArea>
 #include <QTemporaryDir>
 #include <cmath>
 #include <sys/stat.h>
@@ -70,12 +66,6 @@ FakePicture pictureOf(float focal, int lensType = 0)
     return picture;
 }
 
-QPixmap drawingOf(const PageDriver &driver)
-{
-    const auto *area = driver.widget<QScrollArea>("m_saPreview");
-    return qobject_cast<const QLabel *>(area->widget())->pixmap(Qt::ReturnByValue);
-}
-
 } // namespace
 
 /// Run once for each page.
@@ -100,7 +90,6 @@ private slots:
     void completeness_data();
     void completeness();
     void typesPath();
-    void completesPath();
     void takesLens_data();
     void takesLens();
     void lensButtons();
@@ -356,23 +345,6 @@ void tst_ShootingPages::typesPath()
     QVERIFY(driver->isComplete());
 }
 
-void tst_ShootingPages::completesPath()
-{
-    const QString file = makeXml(xml(picts(3)), "shooting.xml");
-    const auto driver = makeDriver();
-    auto *edit = driver->widget<QLineEdit>("m_leConfigFile");
-    edit->setFocus();
-    // At a user's pace: the folders are looked into between the keys.
-    QTest::keyClicks(edit, path("shoo"), Qt::NoModifier, 1);
-    QAbstractItemView *popup = edit->completer()->popup();
-    QTRY_VERIFY(popup->isVisible());
-    QTest::keyClick(popup, Qt::Key_Down);
-    QTest::keyClick(popup, Qt::Key_Return);
-    QCOMPARE(edit->text(), file);
-    QCOMPARE(driver->text("m_lbPapyLog"), QStringLiteral("3"));
-    QCOMPARE(driver->page().property("configFile").toString(), file);
-}
-
 void tst_ShootingPages::takesLens_data()
 {
     QTest::addColumn<QByteArray>("header");
@@ -437,11 +409,11 @@ void tst_ShootingPages::loadedWithoutNews()
 {
     const auto driver = driverWith(xml(picts(3)), 3);
     const auto *focal = driver->widget<QDoubleSpinBox>("m_spFocal");
-    const qint64 drawing = drawingOf(*driver).cacheKey();
+    const qint64 drawing = driver->preview().cacheKey();
     driver->type("m_spFocal", QStringLiteral("99"));
     QVERIFY(driver->call("OnImageLoaded"));
     QCOMPARE(focal->value(), 99.0);
-    QCOMPARE(drawingOf(*driver).cacheKey(), drawing);
+    QCOMPARE(driver->preview().cacheKey(), drawing);
 
     // As many others are news.
     QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("others")));
@@ -449,7 +421,7 @@ void tst_ShootingPages::loadedWithoutNews()
     driver->drop(makePictures(path("others"), 3));
     QTRY_COMPARE(focal->value(), 50.0);
     QVERIFY(driver->isComplete());
-    QVERIFY(drawingOf(*driver).cacheKey() != drawing);
+    QVERIFY(driver->preview().cacheKey() != drawing);
 
     // So are none at all after another choice: the focal length was the others'.
     const QStringList unreadable = pictures(3);
@@ -612,7 +584,7 @@ void tst_ShootingPages::previewShowsPictures()
     const auto driver = makeDriver();
     driver->widget<QSlider>("m_hSlider")->setValue(100);
     const auto colourAt
-        = [&](int x, int y) { return drawingOf(*driver).toImage().pixelColor(x, y).name(); };
+        = [&](int x, int y) { return driver->preview().toImage().pixelColor(x, y).name(); };
     const QString red = QStringLiteral("#ff0000");
     const QString blue = QStringLiteral("#0000ff");
     driver->drop({makeXml(xml(pict(0, 0) + pict(30, 0)))});

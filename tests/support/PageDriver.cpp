@@ -4,7 +4,9 @@
 #include "tests/support/PageDriver.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QCompleter>
 #include <QDesktopServices>
 #include <QDropEvent>
 #include <QFileDialog>
@@ -162,6 +164,25 @@ void PageDriver::clickWizard(QWizard::WizardButton button) const
 bool PageDriver::awaitRead(int count) const
 {
     return QTest::qWaitFor([&] { return m_page->property("imagesRead").toInt() == count; }, 60'000);
+}
+
+QPixmap PageDriver::preview() const
+{
+    const auto *area = widget<QScrollArea>("m_saPreview");
+    return qobject_cast<QLabel *>(area->widget())->pixmap(Qt::ReturnByValue);
+}
+
+void PageDriver::complete(const char *name, const QString &beginning) const
+{
+    auto *edit = widget<QLineEdit>(name);
+    edit->setFocus();
+    // At a user's pace: the folders are looked into between the keys.
+    QTest::keyClicks(edit, beginning, Qt::NoModifier, 1);
+    QAbstractItemView *popup = edit->completer()->popup();
+    if (!QTest::qWaitFor([&] { return popup->isVisible(); }))
+        qFatal("%s proposes nothing", name);
+    QTest::keyClick(popup, Qt::Key_Down);
+    QTest::keyClick(popup, Qt::Key_Return);
 }
 
 QSize PageDriver::previewSize() const

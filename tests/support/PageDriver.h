@@ -63,8 +63,11 @@ public:
     void clickWizard(QWizard::WizardButton button) const;
     /// Waits until the page says that \a count pictures have been read.
     bool awaitRead(int count) const;
-    /// Size of the preview's drawing on the page.
+    /// The preview's drawing, and its size on the page.
+    QPixmap preview() const;
     QSize previewSize() const;
+    /// Types the beginning of a path into a line edit and takes what it proposes.
+    void complete(const char *name, const QString &beginning) const;
 
 private:
     std::unique_ptr<QWizard> m_wizard;

@@ -5,6 +5,7 @@
 
 #include "host/ProjectRecord.h"
 
+#include <QFileInfo>
 #include <QTextStream>
 #include <cmath>
 
@@ -62,4 +63,16 @@ QString dump(const ProjectRecord &record)
         << "outputType: " << record.outputType << '\n';
     out.flush();
     return result;
+}
+
+QString stacksOf(const ProjectRecord &record)
+{
+    QStringList stacks;
+    for (const QStringList &group : record.groups) {
+        QStringList names;
+        for (const QString &path : group)
+            names.append(QFileInfo(path).completeBaseName());
+        stacks.append(names.join(QLatin1Char(' ')));
+    }
+    return stacks.join(QLatin1Char('|'));
 }

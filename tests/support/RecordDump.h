@@ -10,3 +10,6 @@ struct ProjectRecord;
 /// The whole record as text, a line a member or entry, for QCOMPARE of records. Nothing is rounded
 /// away: 32-bit values have nine digits, doubles seventeen.
 QString dump(const ProjectRecord &record);
+
+/// The stacks alone, pictures by their names without folder and suffix, as "0 1|2 3".
+QString stacksOf(const ProjectRecord &record);

@@ -21,19 +21,6 @@ FakeHost &host()
     return FakeHost::instance();
 }
 
-/// The stacks' pictures by their places in the list, as "0 1|2 3".
-QString stacksOf(const ProjectRecord &record)
-{
-    QStringList stacks;
-    for (const QStringList &group : record.groups) {
-        QStringList names;
-        for (const QString &path : group)
-            names.append(QFileInfo(path).completeBaseName());
-        stacks.append(names.join(QLatin1Char(' ')));
-    }
-    return stacks.join(QLatin1Char('|'));
-}
-
 } // namespace
 
 Q_DECLARE_METATYPE(Exposures)
