@@ -68,16 +68,12 @@ void UIWPClauss::cleanupPage()
     Reset();
 }
 
-bool UIWPClauss::validatePage()
+ProjectRecord *UIWPClauss::makeRecord()
 {
-    ZIApplication *host = FindApplication();
-    if (!host)
-        return true;
     if (!acceptLinks(EstimateLinks(pictures().size(), pictureInfos())))
-        return false;
+        return nullptr;
     Convert(pictures(), pictureInfos());
-    importRecord(*host, m_record);
-    return true;
+    return &m_record;
 }
 
 void UIWPClauss::BrowserWeb(const QString &url)

@@ -24,7 +24,6 @@ public:
     ~UIWPClauss() override;
 
     void cleanupPage() override;
-    bool validatePage() override;
 
 public slots:
     // The order is contract: it is the order of the page's meta-object.
@@ -42,6 +41,7 @@ protected:
     PreviewScene previewScene() const override;
     bool fitsShooting(int pictures) const override;
     void takeFiles(const QStringList &files) override;
+    ProjectRecord *makeRecord() override;
     QString configFile() const override { return m_configFile; }
 
 private:

@@ -84,15 +84,11 @@ void UIWPGigapan::cleanupPage()
     Reset();
 }
 
-bool UIWPGigapan::validatePage()
+ProjectRecord *UIWPGigapan::makeRecord()
 {
-    ZIApplication *host = FindApplication();
-    if (!host)
-        return true;
     Convert(pictures(), m_ui->m_cbIS360->checkState() == Qt::Checked);
     m_record.overlap = m_ui->m_dsbOverlapping->value();
-    importRecord(*host, m_record);
-    return true;
+    return &m_record;
 }
 
 void UIWPGigapan::SelectImages()

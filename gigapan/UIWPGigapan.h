@@ -20,7 +20,6 @@ public:
     ~UIWPGigapan() override;
 
     void cleanupPage() override;
-    bool validatePage() override;
 
 public slots:
     // The order is contract: it is the order of the page's meta-object.
@@ -44,6 +43,7 @@ protected:
     PreviewScene previewScene() const override;
     bool fitsShooting(int pictures) const override { return pictures > 0; }
     void takeFiles(const QStringList &files) override;
+    ProjectRecord *makeRecord() override;
 
 private:
     /// Sets one value of the layout, if it is at least \a least, and derives the columns.

@@ -95,6 +95,19 @@ bool ImportPage::isComplete() const
     return m_pictures.size() == m_infos.size() && fitsShooting(m_pictures.size());
 }
 
+bool ImportPage::validatePage()
+{
+    ZIApplication *host = FindApplication();
+    if (!host)
+        return true;
+    ProjectRecord *record = makeRecord();
+    if (!record)
+        return false;
+    m_options.copyTo(*record);
+    host->ImportProject(ProjectRecord(*record));
+    return true;
+}
+
 QString ImportPage::text(const char *source) const
 {
     return QCoreApplication::translate(metaObject()->className(), source);
@@ -220,12 +233,6 @@ bool ImportPage::acceptLinks(const geometry::LinkEstimate &estimate)
             .arg(millions(geometry::kMostLinks)),
         QMessageBox::Ok);
     return false;
-}
-
-void ImportPage::importRecord(ZIApplication &host, ProjectRecord &record) const
-{
-    m_options.copyTo(record);
-    host.ImportProject(ProjectRecord(record));
 }
 
 void ImportPage::openLink(const QString &url)

@@ -51,6 +51,7 @@ public:
 
     void initializePage() override;
     bool isComplete() const override;
+    bool validatePage() override;
 
 protected:
     /// Called from the page's constructor once its form is set up.
@@ -64,6 +65,9 @@ protected:
     virtual bool fitsShooting(int pictures) const = 0;
     /// Takes files as if they had been chosen in the page's first dialog.
     virtual void takeFiles(const QStringList &files) = 0;
+    /// The shooting converted, without the options that all pages have. Null when it may not be
+    /// imported; the user has been told why.
+    virtual ProjectRecord *makeRecord() = 0;
     /// The head's file as the user set it; empty where there is none.
     virtual QString configFile() const { return {}; }
 
@@ -121,8 +125,6 @@ protected:
 
     /// Whether an import of so many links may go on; if not, the user is told why.
     bool acceptLinks(const geometry::LinkEstimate &estimate);
-    /// Hands the finished record to \a host.
-    void importRecord(ZIApplication &host, ProjectRecord &record) const;
 
     static void openLink(const QString &url);
 

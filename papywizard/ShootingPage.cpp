@@ -35,11 +35,8 @@ void ShootingPage::cleanupPage()
     startOver();
 }
 
-bool ShootingPage::validatePage()
+ProjectRecord *ShootingPage::makeRecord()
 {
-    ZIApplication *host = FindApplication();
-    if (!host)
-        return true;
     const bool whole = m_converter->CheckBracketing(pictures().size());
     refreshHead();
     if (!whole) {
@@ -47,16 +44,14 @@ bool ShootingPage::validatePage()
             text("Papywizard XML has bracketing and the number of images isn't a multiple of this "
                  "number of brackets."),
             QMessageBox::Ok);
-        return false;
+        return nullptr;
     }
     const double focal = m_form.focal->value();
     const int lensType = m_form.lensType->currentIndex();
     if (!acceptLinks(m_converter->EstimateLinks(pictures().size(), focal, lensType)))
-        return false;
+        return nullptr;
     m_converter->Convert(pictures(), focal, lensType);
-    completeRecord();
-    importRecord(*host, m_converter->Record());
-    return true;
+    return &m_converter->Record();
 }
 
 void ShootingPage::selectImages()

@@ -95,7 +95,6 @@ struct ShootingProfile {
 class ShootingPage : public ImportPage { // clazy:exclude=missing-qobject-macro
 public:
     void cleanupPage() override;
-    bool validatePage() override;
 
 protected:
     explicit ShootingPage(const ShootingProfile &profile)
@@ -109,8 +108,6 @@ protected:
 
     /// A shooting file was read.
     virtual void showHeader(const PapywizardShooting &) { }
-    /// Completes the record after the conversion.
-    virtual void completeRecord() { }
 
     // The slots' bodies
     void selectImages();
@@ -127,6 +124,7 @@ protected:
     PreviewScene previewScene() const override;
     bool fitsShooting(int pictures) const override { return pictures == m_shotCount; }
     void takeFiles(const QStringList &files) override;
+    ProjectRecord *makeRecord() override;
     QString configFile() const override { return m_configFile; }
 
 private:

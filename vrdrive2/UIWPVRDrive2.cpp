@@ -45,8 +45,12 @@ UIWPVRDrive2::UIWPVRDrive2()
 
 UIWPVRDrive2::~UIWPVRDrive2() = default;
 
-void UIWPVRDrive2::completeRecord()
+ProjectRecord *UIWPVRDrive2::makeRecord()
 {
+    ProjectRecord *record = ShootingPage::makeRecord();
+    if (!record)
+        return nullptr;
     MoveReferenceExposureFirst(pictureInfos());
-    m_record.outputType = m_ui->m_rbOutputMode1->isChecked() ? Tonemapped : HdrRadiance;
+    record->outputType = m_ui->m_rbOutputMode1->isChecked() ? Tonemapped : HdrRadiance;
+    return record;
 }

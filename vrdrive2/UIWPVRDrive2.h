@@ -41,7 +41,7 @@ public slots:
     void OnStackLinkingClicked(bool checked) { options().onHardLinks(checked); }
 
 protected:
-    void completeRecord() override;
+    ProjectRecord *makeRecord() override;
 
 private:
     std::unique_ptr<Ui::UIWPVRDrive2Class> m_ui;
