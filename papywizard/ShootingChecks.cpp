@@ -78,8 +78,3 @@ ShootingWarning shootingWarning(const ShootingState &state)
         return ShootingWarning::NotMultiple;
     return ShootingWarning::None;
 }
-
-bool isShootingComplete(int shotCount, int pictureCount, int picturesRead)
-{
-    return pictureCount == picturesRead && pictureCount == shotCount;
-}

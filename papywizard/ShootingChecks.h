@@ -58,6 +58,3 @@ enum class ShootingWarning {
 
 /// The one warning to show; where several apply, the last of the list. None without shots.
 ShootingWarning shootingWarning(const ShootingState &state);
-
-/// Whether the import can go on: every chosen picture was read, and there are as many as shots.
-bool isShootingComplete(int shotCount, int pictureCount, int picturesRead);

@@ -12,8 +12,8 @@
 #include "vrdrive2/UIWPVRDrive2.h"
 
 #include <QAbstractButton>
-#include <QAbstractSpinBox>
 #include <QApplication>
+#include <QDoubleSpinBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRegularExpression>
@@ -39,11 +39,17 @@ template <class Page> QWizardPage *make()
     return new Page;
 }
 
+int pitch(int shot)
+{
+    return shot * 37 % 170 - 85;
+}
+
 QByteArray xmlFile(int shots)
 {
     QByteArray picts;
     for (int i = 0; i < shots; ++i)
-        picts += "<pict><position yaw='" + QByteArray::number(30 * i) + "' pitch='5'/></pict>";
+        picts += "<pict><position yaw='" + QByteArray::number(30 * (i % 12)) + "' pitch='"
+            + QByteArray::number(pitch(i)) + "'/></pict>";
     return "<p><shoot>" + picts + "</shoot></p>";
 }
 
@@ -51,7 +57,8 @@ QByteArray scriptFile(int shots)
 {
     QByteArray script;
     for (int i = 0; i < shots; ++i)
-        script += "op_h-angle=" + QByteArray::number(30 * i) + "\nop_shoot\n";
+        script += "op_h-angle=" + QByteArray::number(30 * (i % 12))
+            + "\nop_v-angle=" + QByteArray::number(pitch(i)) + "\nop_shoot\n";
     return script;
 }
 
@@ -152,6 +159,7 @@ private slots:
     void linkingChoicesExcludeEachOther();
     void subtitleLinkOpens();
     void wizardIsSpared();
+    void refusesTooManyLinks();
 
 private:
     bool hasFile() const { return *m_head.fileName; }
@@ -586,6 +594,38 @@ void tst_ImportPages::wizardIsSpared()
         QVERIFY(!driver.isComplete());
         complete(driver, 4);
     }
+}
+
+// Nearly everything would be linked with everything.
+void tst_ImportPages::refusesTooManyLinks()
+{
+    if (!hasFile())
+        return;
+    FakePicture picture;
+    picture.focal = 1;
+    host().setEveryPicture(picture);
+    PageDriver driver(m_head.make());
+    complete(driver, 8000);
+    const QVector<SeenDialog> seen = answering([&] { driver.clickWizard(QWizard::FinishButton); });
+    QCOMPARE(seen.size(), 1);
+    QCOMPARE(seen[0].title, QStringLiteral("Warning"));
+    // The number is an estimate.
+    static const QRegularExpression kText(QStringLiteral(
+        "^A focal length of 1 mm makes about 2\\d million links between the pictures, "
+        "more than 20 million. Check the focal length.$"));
+    QVERIFY2(kText.match(seen[0].text).hasMatch(), qPrintable(seen[0].text));
+    QVERIFY(host().imported.isEmpty());
+    QVERIFY(driver.wizard().isVisible());
+
+    // Only the pages of the shooting file's heads let the user say better.
+    auto *focal = driver.page().findChild<QDoubleSpinBox *>(QStringLiteral("m_spFocal"));
+    if (!focal)
+        return;
+    focal->setValue(200);
+    QVERIFY(answering([&] { driver.clickWizard(QWizard::FinishButton); }).isEmpty());
+    QCOMPARE(host().imported.size(), 1);
+    QVERIFY(!host().imported[0].links.isEmpty());
+    QCOMPARE(host().imported[0].groups.size(), 8000);
 }
 
 int main(int argc, char **argv)

@@ -47,8 +47,6 @@ private slots:
     void takesLensOfInfos();
     void proposesLens_data();
     void proposesLens();
-    void isComplete_data();
-    void isComplete();
 };
 
 void tst_ShootingChecks::warns_data()
@@ -62,54 +60,39 @@ void tst_ShootingChecks::warns_data()
     QTest::addColumn<int>("lensType");
     QTest::addColumn<ShootingWarning>("warning");
     using Warning = ShootingWarning;
-
-    QTest::newRow("all agree") << 12 << 12 << 3 << 24.0 << false << 24.0 << 0 << Warning::None;
-    QTest::newRow("no file") << -1 << 5 << 3 << 24.0 << true << 50.0 << 0 << Warning::None;
-    QTest::newRow("file without shots")
-        << 0 << 5 << 3 << 24.0 << true << 50.0 << 0 << Warning::None;
-    QTest::newRow("shots are no multiple either")
-        << 13 << 13 << 3 << -1.0 << false << 0.0 << 0 << Warning::NotMultiple;
-    QTest::newRow("the differing count hides the multiple")
-        << 12 << 13 << 3 << -1.0 << false << 0.0 << 0 << Warning::CountDiffers;
-    QTest::newRow("no pictures yet")
-        << 12 << 0 << 3 << -1.0 << false << 0.0 << 0 << Warning::CountDiffers;
-    QTest::newRow("no brackets, any count fits")
-        << 5 << 5 << -1 << -1.0 << false << 0.0 << 0 << Warning::None;
-    QTest::newRow("brackets without number")
-        << 5 << 5 << 0 << -1.0 << false << 0.0 << 0 << Warning::None;
-    QTest::newRow("least number of brackets")
-        << 5 << 5 << kMin << -1.0 << false << 0.0 << 0 << Warning::None;
-    QTest::newRow("negative number of brackets that does not divide")
-        << 5 << 5 << -3 << -1.0 << false << 0.0 << 0 << Warning::None;
-    QTest::newRow("absurd brackets")
-        << 5 << 5 << kMax << -1.0 << false << 0.0 << 0 << Warning::NotMultiple;
-    QTest::newRow("more than a tenth longer")
-        << 1 << 1 << 1 << 24.0 << false << 27.0 << 0 << Warning::FocalDiffers;
-    QTest::newRow("less than a tenth longer")
-        << 1 << 1 << 1 << 24.0 << false << 26.0 << 0 << Warning::None;
-    QTest::newRow("just a tenth") << 1 << 1 << 1 << 27.0 << false << 30.0 << 0 << Warning::None;
-    QTest::newRow("shorter") << 1 << 1 << 1 << 24.0 << false << 21.0 << 0 << Warning::FocalDiffers;
-    QTest::newRow("file without focal")
-        << 1 << 1 << 1 << -1.0 << false << 27.0 << 0 << Warning::None;
-    QTest::newRow("file with a focal of 0")
-        << 1 << 1 << 1 << 0.0 << false << 27.0 << 0 << Warning::FocalDiffers;
-    QTest::newRow("pictures without focal")
-        << 1 << 1 << 1 << 24.0 << false << 0.0 << 0 << Warning::None;
-    QTest::newRow("focal that is no number")
-        << 1 << 1 << 1 << 24.0 << false << kNaN << 0 << Warning::None;
-    QTest::newRow("infinite focal of the file")
-        << 1 << 1 << 1 << kInf << false << 24.0 << 0 << Warning::FocalDiffers;
-    QTest::newRow("focals hide counts")
-        << 12 << 13 << 3 << 24.0 << false << 50.0 << 0 << Warning::FocalDiffers;
-    QTest::newRow("only the file is fisheye")
-        << 1 << 1 << 1 << -1.0 << true << 0.0 << 0 << Warning::LensDiffers;
-    QTest::newRow("only the pictures are fisheye")
-        << 1 << 1 << 1 << -1.0 << false << 0.0 << 1 << Warning::LensDiffers;
-    QTest::newRow("both are fisheye") << 1 << 1 << 1 << -1.0 << true << 0.0 << 1 << Warning::None;
-    QTest::newRow("lens before pictures are chosen")
-        << 1 << 0 << 1 << -1.0 << true << 0.0 << 0 << Warning::LensDiffers;
-    QTest::newRow("lens hides all")
-        << 12 << 13 << 3 << 24.0 << true << 50.0 << 0 << Warning::LensDiffers;
+    const auto row = [](const char *name, int shots, int pictures, int brackets, double fileFocal,
+                         bool fileFisheye, double focal, int lensType, Warning warning) {
+        QTest::newRow(name) << shots << pictures << brackets << fileFocal << fileFisheye << focal
+                            << lensType << warning;
+    };
+    row("all agree", 12, 12, 3, 24, false, 24, 0, Warning::None);
+    row("no file", -1, 5, 3, 24, true, 50, 0, Warning::None);
+    row("file without shots", 0, 5, 3, 24, true, 50, 0, Warning::None);
+    row("shots are no multiple either", 13, 13, 3, -1, false, 0, 0, Warning::NotMultiple);
+    row("the differing count hides the multiple", 12, 13, 3, -1, false, 0, 0,
+        Warning::CountDiffers);
+    row("no pictures yet", 12, 0, 3, -1, false, 0, 0, Warning::CountDiffers);
+    row("no brackets, any count fits", 5, 5, -1, -1, false, 0, 0, Warning::None);
+    row("brackets without number", 5, 5, 0, -1, false, 0, 0, Warning::None);
+    row("least number of brackets", 5, 5, kMin, -1, false, 0, 0, Warning::None);
+    row("negative number of brackets that does not divide", 5, 5, -3, -1, false, 0, 0,
+        Warning::None);
+    row("absurd brackets", 5, 5, kMax, -1, false, 0, 0, Warning::NotMultiple);
+    row("more than a tenth longer", 1, 1, 1, 24, false, 27, 0, Warning::FocalDiffers);
+    row("less than a tenth longer", 1, 1, 1, 24, false, 26, 0, Warning::None);
+    row("just a tenth", 1, 1, 1, 27, false, 30, 0, Warning::None);
+    row("shorter", 1, 1, 1, 24, false, 21, 0, Warning::FocalDiffers);
+    row("file without focal", 1, 1, 1, -1, false, 27, 0, Warning::None);
+    row("file with a focal of 0", 1, 1, 1, 0, false, 27, 0, Warning::FocalDiffers);
+    row("pictures without focal", 1, 1, 1, 24, false, 0, 0, Warning::None);
+    row("focal that is no number", 1, 1, 1, 24, false, kNaN, 0, Warning::None);
+    row("infinite focal of the file", 1, 1, 1, kInf, false, 24, 0, Warning::FocalDiffers);
+    row("focals hide counts", 12, 13, 3, 24, false, 50, 0, Warning::FocalDiffers);
+    row("only the file is fisheye", 1, 1, 1, -1, true, 0, 0, Warning::LensDiffers);
+    row("only the pictures are fisheye", 1, 1, 1, -1, false, 0, 1, Warning::LensDiffers);
+    row("both are fisheye", 1, 1, 1, -1, true, 0, 1, Warning::None);
+    row("lens before pictures are chosen", 1, 0, 1, -1, true, 0, 0, Warning::LensDiffers);
+    row("lens hides all", 12, 13, 3, 24, true, 50, 0, Warning::LensDiffers);
 }
 
 void tst_ShootingChecks::warns()
@@ -194,27 +177,6 @@ void tst_ShootingChecks::proposesLens()
     const PictureLens lens = proposedLens(shooting, {pictureFocal, pictureLensType});
     QTEST(lens.focal, "focal");
     QTEST(lens.lensType, "lensType");
-}
-
-void tst_ShootingChecks::isComplete_data()
-{
-    QTest::addColumn<int>("shots");
-    QTest::addColumn<int>("pictures");
-    QTest::addColumn<int>("read");
-    QTest::addColumn<bool>("complete");
-    QTest::newRow("all there") << 12 << 12 << 12 << true;
-    QTest::newRow("one unreadable") << 12 << 12 << 11 << false;
-    QTest::newRow("one picture over") << 12 << 13 << 13 << false;
-    QTest::newRow("as many read as shots, but more chosen") << 12 << 13 << 12 << false;
-    QTest::newRow("nothing chosen, no file") << -1 << 0 << 0 << false;
-}
-
-void tst_ShootingChecks::isComplete()
-{
-    QFETCH(int, shots);
-    QFETCH(int, pictures);
-    QFETCH(int, read);
-    QTEST(isShootingComplete(shots, pictures, read), "complete");
 }
 
 QTEST_GUILESS_MAIN(tst_ShootingChecks)
