@@ -167,7 +167,9 @@ public:
     /// The part that is done when \a line has been said.
     double hear(const QByteArray &line)
     {
-        if (line.contains("combining non-overlapping images:")) {
+        m_isDegenerate |= line.contains("degenerate image/mask geometry");
+        if (line.contains("combining non-overlapping images:")
+            || line.contains("loading next image:")) {
             m_before = m_named;
             m_named += line.count(m_prefix);
             m_lines = 0;
@@ -178,6 +180,9 @@ public:
         return std::min(0.99, done / m_pictures);
     }
 
+    /// Whether it gave up for a picture of which hardly a pixel was left.
+    bool isDegenerate() const { return m_isDegenerate; }
+
 private:
     /// That it says of a group.
     static constexpr int kLines = 9;
@@ -186,6 +191,7 @@ private:
     int m_before = 0;
     int m_named = 0;
     int m_lines = 0;
+    bool m_isDegenerate = false;
 };
 
 /// One stitch().
@@ -263,6 +269,7 @@ private:
         settings.log = m_folder.file(QStringLiteral("log.txt"));
         settings.temporaryFolder = m_folder.path();
         settings.jobs = std::min(m_jobs, std::max(1, int(calls.size())));
+        double ended = 0;
         ToolRunner::Listener listener;
         m_part = 0;
         listener.keepOn = [this] { return tell(m_part); };
@@ -273,7 +280,8 @@ private:
         listener.done = [&](int call) {
             if (!done(call))
                 return QStringLiteral("%1: cannot be written to").arg(m_folder.path());
-            m_part += whole > 0 ? weights.at(call) / whole : 1.0 / calls.size();
+            ended += whole > 0 ? weights.at(call) / whole : 1.0 / calls.size();
+            m_part = ended;
             return QString();
         };
         const ToolOutcome outcome = ToolRunner(settings).run(calls, listener);
@@ -462,8 +470,7 @@ private:
         // optimising seams takes ten times as long as all the rest.
         QStringList arguments{QStringLiteral("-v"),
             QStringLiteral("--primary-seam-generator=nearest-feature-transform"),
-            QStringLiteral("--fine-mask"), QStringLiteral("--no-optimize"),
-            QStringLiteral("--pre-assemble"), QStringLiteral("-f"),
+            QStringLiteral("--fine-mask"), QStringLiteral("--no-optimize"), QStringLiteral("-f"),
             QStringLiteral("%1x%2+%3+%4")
                 .arg(crop.width())
                 .arg(crop.height())
@@ -481,25 +488,42 @@ private:
         m_folder.prune(); // Only now all names are known that this run needs.
         if (m_folder.has(m_blended))
             return true;
-        const QString result = m_folder.unfinished(m_blended);
         if (m_wishes.seams) {
             QString masks = m_folder.unfinished(QStringLiteral("mask-"));
             masks.replace(QLatin1Char('%'), QLatin1String("%%"));
             arguments << QStringLiteral("--save-masks=") + masks + QStringLiteral("%n.png");
         }
+        // It gives up where hardly a pixel of a picture is left; blended one by one, which takes
+        // longer, there is as a rule more left of each.
+        const QStringList together = QStringList(QStringLiteral("--pre-assemble")) + arguments;
+        bool mayRetry = true;
+        bool isDone = blendLayers(together, layers, &mayRetry);
+        for (int attempt = 0; attempt < 2 && !isDone && mayRetry; ++attempt) {
+            m_result.problem.clear();
+            isDone = blendLayers(arguments, layers, &mayRetry);
+            std::reverse(layers.begin(), layers.end());
+        }
+        return isDone;
+    }
+
+    /// False when it fails; \a mayRetry whether another order may help.
+    bool blendLayers(QStringList arguments, const QStringList &layers, bool *mayRetry)
+    {
+        const QString result = m_folder.unfinished(m_blended);
         BlendingEar ear(layers.size(), m_folder.file(QStringLiteral("done-")).toUtf8());
-        return run(
+        const bool isDone = run(
             {{QStringLiteral("enblend"),
                 arguments << QStringLiteral("-o") << result << QStringLiteral("--") << layers,
                 result}},
-            [&](int) {
-                const QStringList masks = m_folder.allUnfinished(QStringLiteral("mask-*.png"));
-                m_result.seams = seamsOf(m_project, m_frame, masks);
-                for (const QString &mask : masks)
-                    QFile::remove(mask);
-                return WorkFolder::finish(result, m_blended);
-            },
+            [&](int) { return WorkFolder::finish(result, m_blended); },
             [&](const QByteArray &line) { m_part = ear.hear(line); });
+        const QStringList masks = m_folder.allUnfinished(QStringLiteral("mask-*.png"));
+        if (isDone)
+            m_result.seams = seamsOf(m_project, m_frame, masks);
+        for (const QString &mask : masks)
+            QFile::remove(mask);
+        *mayRetry = ear.isDegenerate();
+        return isDone;
     }
 
     bool writeWeb()

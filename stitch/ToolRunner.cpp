@@ -189,7 +189,9 @@ private:
     {
         if (line.trimmed().isEmpty())
             return;
-        job.lastLine = line.trimmed();
+        // enblend's informations say least, and come last.
+        if (job.lastLine.isEmpty() || !line.contains(": info: "))
+            job.lastLine = line.trimmed();
         if (m_listener.line)
             m_listener.line(job.call, line);
     }

@@ -19,6 +19,8 @@
 #include <chrono>
 #include <cmath>
 #include <condition_variable>
+#include <cstdio>
+#include <fcntl.h>
 #include <mutex>
 #include <thread>
 #include <vector>
@@ -411,6 +413,19 @@ private:
     bool m_isCancelled = false;
 };
 
+/// Makes \a part the folder at \a path. What stood there before goes only then.
+bool putInPlace(const QString &part, const QString &path)
+{
+#ifdef RENAME_EXCHANGE
+    const QByteArray from = QFile::encodeName(part);
+    const QByteArray to = QFile::encodeName(path);
+    if (renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_EXCHANGE) == 0)
+        return true;
+#endif
+    return (!QFileInfo::exists(path) || QDir(path).removeRecursively())
+        && QDir().rename(part, path);
+}
+
 bool isWebFolder(const QDir &folder)
 {
     return folder.exists(QStringLiteral("scene.js")) && folder.exists(QStringLiteral("picture.js"))
@@ -473,12 +488,10 @@ QString writeWebFolder(const WebFolder &folder, const QString &picture, const Fr
     WebWriter writer(part, frame, folder.jobs, progress);
     bool isWell
         = QDir().mkpath(part) && writer.go(image.convertToFormat(QImage::Format_RGB32), title);
-    // What stood there before goes only now.
-    isWell = isWell && (!QFileInfo::exists(folder.path) || QDir(folder.path).removeRecursively())
-        && QDir().rename(part, QFileInfo(folder.path).absoluteFilePath());
+    isWell = isWell && putInPlace(part, QFileInfo(folder.path).absoluteFilePath());
+    QDir(part).removeRecursively();
     if (isWell)
         return {};
-    QDir(part).removeRecursively();
     *isCancelled = writer.isCancelled();
     return *isCancelled ? QString() : QStringLiteral("%1: cannot be written").arg(folder.path);
 }
