@@ -47,17 +47,6 @@ QStringList pictures(int count)
     return paths;
 }
 
-QString linksOf(const ProjectRecord &record)
-{
-    QStringList links;
-    for (const ProjectLink &link : record.links)
-        links << QStringLiteral("%1:%2-%3")
-                     .arg(link.kind)
-                     .arg(link.indices.value(0))
-                     .arg(link.indices.value(1));
-    return links.join(QLatin1Char(' '));
-}
-
 /// The rules, pair by pair and nothing computed in advance.
 ProjectRecord literalConvert(
     const QVector<ClaussShot> &shots, const QStringList &images, const QVector<float> &focals)

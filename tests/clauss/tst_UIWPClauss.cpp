@@ -61,7 +61,6 @@ private slots:
     void previewSize();
     void record_data();
     void record();
-    void fullAngles();
 
 private:
     QString path(const char *name) const { return m_folder->filePath(QLatin1String(name)); }
@@ -265,17 +264,6 @@ void tst_UIWPClauss::record()
     driver.clickWizard(QWizard::FinishButton);
     QCOMPARE(host().imported.size(), 1);
     QCOMPARE(dump(host().imported[0]), dump(expected));
-}
-
-void tst_UIWPClauss::fullAngles()
-{
-    const QString file = makeScript("op_h-angle=22.5\nop_shoot\n");
-    PageDriver driver(new UIWPClauss);
-    driver.drop({file});
-    QCOMPARE(driver.text("m_lbThetaMinMax"), QStringLiteral("22,22"));
-    driver.page().setProperty("fullAngles", true);
-    driver.drop({file});
-    QCOMPARE(driver.text("m_lbThetaMinMax"), QStringLiteral("22.5,22.5"));
 }
 
 FAKE_HOST_GUI_MAIN(tst_UIWPClauss)

@@ -39,18 +39,6 @@ ProjectRecord convert(const GigapanLayout &layout, int count, bool fullTurn)
     return converter.Record();
 }
 
-/// "kind:first-second" for each link.
-QString linksOf(const ProjectRecord &record)
-{
-    QStringList links;
-    for (const ProjectLink &link : record.links)
-        links << QStringLiteral("%1:%2-%3")
-                     .arg(link.kind)
-                     .arg(link.indices.value(0))
-                     .arg(link.indices.value(1));
-    return links.join(QLatin1Char(' '));
-}
-
 /// Location numbers as they lie in the grid, found by walking as the head does:
 /// locations[row][column].
 QVector<QVector<int>> walk(const GigapanLayout &layout)

@@ -34,27 +34,6 @@ QVector<PapywizardShot> row(int count, int brackets = 1)
     return shots;
 }
 
-QString groupsOf(const ProjectRecord &record)
-{
-    QStringList groups;
-    for (const QStringList &group : record.groups)
-        groups += group.join(QLatin1Char(' '));
-    return groups.join(QStringLiteral(" | "))
-        .remove(QStringLiteral("/p/"))
-        .remove(QStringLiteral(".jpg"));
-}
-
-QString linksOf(const ProjectRecord &record)
-{
-    QStringList links;
-    for (const ProjectLink &link : record.links) {
-        links += QString::number(link.kind) + QLatin1Char(':');
-        for (const int index : link.indices)
-            links.last() += QLatin1Char(' ') + QString::number(index);
-    }
-    return links.join(QStringLiteral(", "));
-}
-
 } // namespace
 
 class tst_MerlinToSPP : public QObject {
@@ -116,18 +95,18 @@ void tst_MerlinToSPP::stacks_data()
         QTest::newRow(name) << brackets << shots << pictures << QString::fromLatin1(groups)
                             << QString::fromLatin1(links);
     };
-    row("single", 1, 3, 3, "0 | 1 | 2", "2: 0 1, 2: 1 2");
-    row("not given", -1, 3, 3, "0 | 1 | 2", "2: 0 1, 2: 1 2");
-    row("without number", 0, 3, 3, "0 | 1 | 2", "2: 0 1, 2: 1 2");
-    row("least of all", kMin, 2, 2, "0 | 1", "2: 0 1");
-    row("three brackets", 3, 9, 9, "0 1 2 | 3 4 5 | 6 7 8", "2: 0 1, 2: 1 2");
-    row("pictures over", 2, 5, 5, "0 1 | 2 3", "2: 0 1");
+    row("single", 1, 3, 3, "0|1|2", "2:0-1 2:1-2");
+    row("not given", -1, 3, 3, "0|1|2", "2:0-1 2:1-2");
+    row("without number", 0, 3, 3, "0|1|2", "2:0-1 2:1-2");
+    row("least of all", kMin, 2, 2, "0|1", "2:0-1");
+    row("three brackets", 3, 9, 9, "0 1 2|3 4 5|6 7 8", "2:0-1 2:1-2");
+    row("pictures over", 2, 5, 5, "0 1|2 3", "2:0-1");
     row("more brackets than pictures", 4, 3, 3, "", "");
     row("absurd", kMax, 3, 3, "", "");
-    row("fewer shots than pictures", 2, 3, 6, "0 1 | 2 3 | 4 5", "2: 0 1");
-    row("location starts at the first shot missing", 2, 2, 4, "0 1 | 2 3", "");
-    row("no shots", 1, 0, 2, "0 | 1", "");
-    row("more shots than pictures", 1, 9, 2, "0 | 1", "2: 0 1");
+    row("fewer shots than pictures", 2, 3, 6, "0 1|2 3|4 5", "2:0-1");
+    row("location starts at the first shot missing", 2, 2, 4, "0 1|2 3", "");
+    row("no shots", 1, 0, 2, "0|1", "");
+    row("more shots than pictures", 1, 9, 2, "0|1", "2:0-1");
     row("no pictures", 3, 3, 0, "", "");
 }
 
@@ -144,7 +123,7 @@ void tst_MerlinToSPP::stacks()
     converter.Shooting().shots = row(shots, qBound(1, brackets, 3));
     // Half the diagonal angle reaches 10 degrees, not 20.
     converter.Convert(::pictures(pictures), 130, 0);
-    QCOMPARE(groupsOf(converter.Record()), groups);
+    QCOMPARE(stacksOf(converter.Record()), groups);
     QCOMPARE(linksOf(converter.Record()), links);
     QCOMPARE(converter.Record().yaws.size(), shots);
     QCOMPARE(converter.Record().pitches.size(), shots);
@@ -163,17 +142,17 @@ void tst_MerlinToSPP::lens_data()
         QTest::newRow(name) << focal << lensType << fileFocal << fileFisheye
                             << QString::fromLatin1(expected);
     };
-    row("as asked", 130, 0, 20, true, "130 0 2: 0 1");
-    row("the file's", -1, -1, 130, false, "130 0 2: 0 1");
-    row("any negative focal is the file's", -1e300, 0, 130, false, "130 0 2: 0 1");
+    row("as asked", 130, 0, 20, true, "130 0 2:0-1");
+    row("the file's", -1, -1, 130, false, "130 0 2:0-1");
+    row("any negative focal is the file's", -1e300, 0, 130, false, "130 0 2:0-1");
     row("fisheyes are not linked", 8, 1, 130, false, "8 1 ");
     row("nor the file's", 8, -1, 130, true, "8 1 ");
-    row("0 is kept", 0, 0, 130, false, "0 0 2: 0 1");
+    row("0 is kept", 0, 0, 130, false, "0 0 2:0-1");
     row("neither knows", -1, -1, -1, false, "-1 0 ");
     row("not a number", kNaN, 0, 130, false, "nan 0 ");
     row("infinite", std::numeric_limits<double>::infinity(), 0, 130, false, "inf 0 ");
     row("the file's beyond 32 bits", -1, 0, 1e60, false, "inf 0 ");
-    row("a lens type of no list", 130, 7, 20, true, "130 7 2: 0 1");
+    row("a lens type of no list", 130, 7, 20, true, "130 7 2:0-1");
 }
 
 void tst_MerlinToSPP::lens()
@@ -229,8 +208,8 @@ void tst_MerlinToSPP::appends()
     converter.Shooting().shots = row(2);
     converter.Convert(pictures(2), 130, 0);
     converter.Convert(pictures(2), 130, 0);
-    QCOMPARE(groupsOf(converter.Record()), QStringLiteral("0 | 1 | 0 | 1"));
-    QCOMPARE(linksOf(converter.Record()), QStringLiteral("2: 0 1, 2: 0 1"));
+    QCOMPARE(stacksOf(converter.Record()), QStringLiteral("0|1|0|1"));
+    QCOMPARE(linksOf(converter.Record()), QStringLiteral("2:0-1 2:0-1"));
     QCOMPARE(converter.Record().yaws.size(), 4);
 
     converter.ClearRecord();

@@ -76,3 +76,15 @@ QString stacksOf(const ProjectRecord &record)
     }
     return stacks.join(QLatin1Char('|'));
 }
+
+QString linksOf(const ProjectRecord &record)
+{
+    QStringList links;
+    for (const ProjectLink &link : record.links) {
+        QStringList indices;
+        for (const int index : link.indices)
+            indices.append(QString::number(index));
+        links.append(QStringLiteral("%1:%2").arg(link.kind).arg(indices.join(QLatin1Char('-'))));
+    }
+    return links.join(QLatin1Char(' '));
+}

@@ -13,3 +13,5 @@ QString dump(const ProjectRecord &record);
 
 /// The stacks alone, pictures by their names without folder and suffix, as "0 1|2 3".
 QString stacksOf(const ProjectRecord &record);
+/// The links alone, as "kind:first-second" each.
+QString linksOf(const ProjectRecord &record);
