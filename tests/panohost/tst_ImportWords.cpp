@@ -78,6 +78,8 @@ private slots:
 
     void advises_data();
     void advises();
+    void namesSkipped_data();
+    void namesSkipped();
     void tellsTimeLeft();
     void doubts_data();
     void doubts();
@@ -104,6 +106,10 @@ void tst_ImportWords::advises_data()
     row("pictures first, reading", noFile, Kind::Busy, "being read");
     row("file first", stateOf(12, 0, 0, 0, false), Kind::NextStep, "took 12 pictures. Drop them");
     row("one missing", stateOf(12, 11, 0, 0, false), Kind::Problem, "Missing: 1.");
+    ImportState skipping = stateOf(12, 11, 0, 0, false);
+    skipping.skipped = QStringList{QStringLiteral("5.jpg"), QStringLiteral("7.jpg")};
+    row("one missing, named", skipping, Kind::Problem,
+        "Missing: 1. The numbers skip 5.jpg, 7.jpg.");
     row("too many", stateOf(12, 15, 15, 0, false), Kind::Problem, "Too many: 3.");
     row("reading", stateOf(12, 12, 5, 1, false), Kind::Busy, "being read");
     row("unreadable", stateOf(12, 12, 10, 2, false), Kind::Problem, "cannot be read: 2");
@@ -137,6 +143,32 @@ void tst_ImportWords::advises()
     QVERIFY2(advice.text.contains(says), qPrintable(advice.text));
     QCOMPARE(int(advice.kind), kind);
     QVERIFY(!advice.text.contains(QLatin1Char('%')));
+}
+
+void tst_ImportWords::namesSkipped_data()
+{
+    QTest::addColumn<QString>("names");
+    QTest::addColumn<QString>("skipped");
+    const auto row = [](const char *names, const char *skipped) {
+        QTest::newRow(names) << QString::fromLatin1(names) << QString::fromLatin1(skipped);
+    };
+    row("/p/IMG_0001.jpg /p/IMG_0002.jpg /p/IMG_0004.jpg", "IMG_0003.jpg");
+    row("/b/a9.x2.jpg /b/a9.x5.jpg", "a9.x3.jpg a9.x4.jpg");
+    row("/p/9.jpg /p/11.jpg /p/8.jpg", "10.jpg");
+    row("/p/1.jpg /p/2.jpg", "");
+    row("/p/1.jpg /p/5.jpg", "");
+    row("/p/1.jpg /p/3.png", "");
+    row("/p/a1.jpg /p/b3.jpg", "");
+    row("/p/one.jpg /p/two.jpg", "");
+    row("/p/IMG_1.jpg /p/IMG_99999999999999.jpg", "");
+    row("", "");
+}
+
+void tst_ImportWords::namesSkipped()
+{
+    QFETCH(QString, names);
+    const QStringList pictures = names.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    QTEST(skippedNames(pictures, 2).join(QLatin1Char(' ')), "skipped");
 }
 
 void tst_ImportWords::tellsTimeLeft()

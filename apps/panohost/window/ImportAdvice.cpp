@@ -5,6 +5,8 @@
 
 #include <QCoreApplication>
 #include <QLocale>
+#include <QVector>
+#include <algorithm>
 #include <cstdlib>
 
 namespace {
@@ -22,13 +24,49 @@ QString number(int value)
     return QLocale().toString(value);
 }
 
-QString countProblem(int shots, int pictures)
+QString countProblem(const ImportState &state)
 {
+    const int shots = state.file.shots;
+    const int pictures = state.pictures;
     const QString text = pictures < shots
         ? AdviceTexts::tr("The head took %1 pictures, but %2 are chosen. Missing: %3.")
         : AdviceTexts::tr("The head took %1 pictures, but %2 are chosen. Too many: %3.");
-    return text.arg(number(shots), number(pictures), number(std::abs(shots - pictures)));
+    const QString problem
+        = text.arg(number(shots), number(pictures), number(std::abs(shots - pictures)));
+    if (pictures > shots || state.skipped.isEmpty())
+        return problem;
+    return problem + QLatin1Char(' ')
+        + AdviceTexts::tr("The numbers skip %1.").arg(state.skipped.join(QStringLiteral(", ")));
 }
+
+/// A name around its last number.
+struct NumberedName {
+    explicit NumberedName(const QString &path)
+        : name(path.mid(path.lastIndexOf(QLatin1Char('/')) + 1))
+    {
+        end = name.size();
+        while (end > 0 && !isDigit(end - 1))
+            --end;
+        begin = end;
+        while (begin > 0 && isDigit(begin - 1))
+            --begin;
+        number = name.mid(begin, end - begin).toInt();
+    }
+    bool isDigit(int at) const
+    {
+        return name[at] >= QLatin1Char('0') && name[at] <= QLatin1Char('9');
+    }
+    QString with(int other) const
+    {
+        return name.left(begin)
+            + QString::number(other).rightJustified(end - begin, QLatin1Char('0')) + name.mid(end);
+    }
+
+    QString name;
+    int begin = 0;
+    int end = 0;
+    int number = 0;
+};
 
 } // namespace
 
@@ -55,7 +93,7 @@ ImportAdvice adviceFor(const ImportState &state)
                             "and try again.")
                 .arg(number(state.unreadable))};
     if (state.wantsFile && !file.path.isEmpty() && file.shots != state.pictures)
-        return {Kind::Problem, countProblem(file.shots, state.pictures)};
+        return {Kind::Problem, countProblem(state)};
     if (state.isReading())
         return {Kind::Busy, AdviceTexts::tr("The pictures are being read.")};
     if (state.unreadable > 0)
@@ -71,6 +109,31 @@ ImportAdvice adviceFor(const ImportState &state)
     return {Kind::Ready,
         AdviceTexts::tr("All %1 pictures are read. Check the settings below, then import.")
             .arg(number(state.pictures))};
+}
+
+QStringList skippedNames(const QStringList &pictures, int most)
+{
+    if (pictures.isEmpty())
+        return {};
+    const NumberedName first(pictures.first());
+    QVector<int> numbers;
+    numbers.reserve(pictures.size());
+    for (const QString &picture : pictures) {
+        const NumberedName name(picture);
+        if (name.with(name.number) != first.with(name.number))
+            return {};
+        numbers.append(name.number);
+    }
+    std::sort(numbers.begin(), numbers.end());
+    QStringList names;
+    for (int i = 1; i < numbers.size(); ++i) {
+        for (int number = numbers[i - 1] + 1; number < numbers[i]; ++number) {
+            if (names.size() == most)
+                return {};
+            names.append(first.with(number));
+        }
+    }
+    return names;
 }
 
 void ReadingPace::start(qint64 time)

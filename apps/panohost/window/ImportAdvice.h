@@ -5,6 +5,8 @@
 
 #include "apps/panohost/window/HeadFile.h"
 
+#include <QStringList>
+
 /// What an import stands at, as its page publishes it and the host counts.
 struct ImportState {
     /// Whether the head has a file at all.
@@ -14,6 +16,8 @@ struct ImportState {
     /// Why what was dropped last was left out, a sentence; empty as a rule.
     QString refusal;
     int pictures = 0;
+    /// Names that the pictures' numbers skip.
+    QStringList skipped;
     int read = 0;
     int unreadable = 0;
     /// What the page itself says.
@@ -44,6 +48,10 @@ struct ImportAdvice {
 
 /// What to do next, in words that a photographer understands.
 ImportAdvice adviceFor(const ImportState &state);
+
+/// The names that the numbers in those of \a pictures skip, "IMG_0002.jpg" between IMG_0001.jpg and
+/// IMG_0003.jpg. None where names differ in more than a number, or more than \a most are skipped.
+QStringList skippedNames(const QStringList &pictures, int most);
 
 /// How long reading will still take.
 class ReadingPace {

@@ -29,6 +29,9 @@
 
 namespace {
 
+/// More names than that do not help to find what is missing.
+constexpr int kMostSkipped = 5;
+
 /// Asks its host before it closes.
 class ImportWizard final : public QWizard {
 public:
@@ -259,6 +262,7 @@ void ImportView::watchPictures()
     m_pictures = m_page->property("images").toStringList();
     m_pictureSet = QSet<QString>(m_pictures.cbegin(), m_pictures.cend());
     m_unreadable.clear();
+    m_skippedAreKnown = false;
     m_pace.start(m_clock.elapsed());
     // Whoever chooses all files of a folder as pictures chooses the head's among them.
     const bool isMixed = m_state.wantsFile && !m_isHanding
@@ -295,6 +299,7 @@ void ImportView::updateState()
     const QString path = m_page->property("configFile").toString();
     if (path != m_state.file.path || m_fileIsOld) {
         m_fileIsOld = false;
+        m_skippedAreKnown = false;
         if (path == m_readFile.path)
             m_state.file = std::exchange(m_readFile, {});
         else
@@ -302,6 +307,11 @@ void ImportView::updateState()
         offerFullAngles();
     }
     m_state.pictures = m_pictures.size();
+    if (!m_skippedAreKnown && m_state.pictures < m_state.file.shots) {
+        m_state.skipped = skippedNames(
+            m_pictures, std::min(kMostSkipped, m_state.file.shots - m_state.pictures));
+        m_skippedAreKnown = true;
+    }
     m_state.read = m_page->property("imagesRead").toInt();
     // A picture that failed first may have been read later.
     if (m_state.read == m_state.pictures)

@@ -84,6 +84,8 @@ private:
     ReadingPace m_pace;
     QElapsedTimer m_clock;
     bool m_updateIsDue = false;
+    /// Whether m_state.skipped is of the pictures.
+    bool m_skippedAreKnown = false;
     /// The page has read its file anew.
     bool m_fileIsOld = false;
     bool m_isHanding = false;
