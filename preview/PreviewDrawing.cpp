@@ -20,11 +20,10 @@ constexpr int kPathWidth = 2;
 
 } // namespace
 
-PreviewDrawing::PreviewDrawing(
-    PreviewScene scene, const PreviewCanvas &canvas, const QPalette &palette)
+PreviewDrawing::PreviewDrawing(PreviewScene scene, const PreviewCanvas &canvas, QPalette palette)
     : m_scene(std::move(scene))
     , m_canvas(canvas)
-    , m_palette(palette)
+    , m_palette(std::move(palette))
     , m_xFactor(canvas.size.width() / m_scene.width)
     , m_yFactor(canvas.size.height() / m_scene.height)
 {

@@ -29,7 +29,7 @@ struct PreviewCanvas {
 class PreviewDrawing {
 public:
     PreviewDrawing() = default;
-    PreviewDrawing(PreviewScene scene, const PreviewCanvas &canvas, const QPalette &palette);
+    PreviewDrawing(PreviewScene scene, const PreviewCanvas &canvas, QPalette palette);
 
     const PreviewScene &scene() const { return m_scene; }
     const PreviewCanvas &canvas() const { return m_canvas; }

@@ -106,26 +106,6 @@ QStringList stateOf(const PageDriver &driver)
     return state;
 }
 
-/// Counts the events of one kind that reach an object.
-class EventCounter final : public QObject { // clazy:exclude=missing-qobject-macro
-public:
-    EventCounter(QObject &watched, QEvent::Type type, int &count)
-        : m_type(type)
-        , m_count(count)
-    {
-        watched.installEventFilter(this);
-    }
-    bool eventFilter(QObject * /*watched*/, QEvent *event) override
-    {
-        m_count += event->type() == m_type;
-        return false;
-    }
-
-private:
-    QEvent::Type m_type;
-    int &m_count;
-};
-
 } // namespace
 
 /// Run once for each head.
@@ -584,11 +564,18 @@ void tst_ImportPages::wizardIsSpared()
     PageDriver driver(m_head.make());
     complete(driver, 4);
     QTest::qWait(0);
-    int hidden = 0;
-    const EventCounter counter(driver.page(), QEvent::Hide, hidden);
+    struct : QObject { // clazy:exclude=missing-qobject-macro
+        int hidden = 0;
+        bool eventFilter(QObject * /*watched*/, QEvent *event) override
+        {
+            hidden += event->type() == QEvent::Hide;
+            return false;
+        }
+    } counter;
+    driver.page().installEventFilter(&counter);
     for (int i = 0; i < 3; ++i)
         emit driver.page().completeChanged();
-    QCOMPARE(hidden, 0);
+    QCOMPARE(counter.hidden, 0);
     for (int i = 0; i < 2; ++i) {
         driver.call("Reset");
         QVERIFY(!driver.isComplete());

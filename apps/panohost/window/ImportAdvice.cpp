@@ -31,12 +31,11 @@ QString countProblem(const ImportState &state)
     const QString text = pictures < shots
         ? AdviceTexts::tr("The head took %1 pictures, but %2 are chosen. Missing: %3.")
         : AdviceTexts::tr("The head took %1 pictures, but %2 are chosen. Too many: %3.");
-    const QString problem
-        = text.arg(number(shots), number(pictures), number(std::abs(shots - pictures)));
-    if (pictures > shots || state.skipped.isEmpty())
-        return problem;
-    return problem + QLatin1Char(' ')
-        + AdviceTexts::tr("The numbers skip %1.").arg(state.skipped.join(QStringLiteral(", ")));
+    QString problem = text.arg(number(shots), number(pictures), number(std::abs(shots - pictures)));
+    if (pictures < shots && !state.skipped.isEmpty())
+        problem += QLatin1Char(' ')
+            + AdviceTexts::tr("The numbers skip %1.").arg(state.skipped.join(QStringLiteral(", ")));
+    return problem;
 }
 
 /// A name around its last number.
