@@ -45,6 +45,7 @@ AlignError alignError(
     }
     const align::Rotation whole = fit.turn();
     AlignError error;
+    error.whole = align::axisOf(whole) * 180 / geometry::kPi;
     for (auto each = found.constBegin(); each != found.constEnd(); ++each) {
         const align::Rotation off
             = whole * each.value() * truth.rotations.value(each.key()).transpose();

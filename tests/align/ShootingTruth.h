@@ -24,6 +24,8 @@ struct ShootingTruth {
 
 /// How far pictures are from the truth in degrees, one turn of the whole being free.
 struct AlignError {
+    /// That turn, in degrees about the axes to the right, up and forward.
+    align::Vector whole = align::Vector::Zero();
     double rms = 0;
     double worst = 0;
     QString worstName;

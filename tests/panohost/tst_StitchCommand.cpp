@@ -183,6 +183,8 @@ private slots:
         shoot(QStringLiteral("flat"),
             QStringLiteral("--format gigapan --rows 3 --columns 3 --focal 100 --size 180x120"));
         shoot(QStringLiteral("two"), QStringLiteral("--rows 1 --columns 2 --size 120x80"));
+        shoot(QStringLiteral("fisheyes"),
+            QStringLiteral("--sphere --lens fisheye --focal 10 --size 300x200"));
         shoot(QStringLiteral("wide"),
             QStringLiteral("--rows 1 --columns 2 --size 240x16 --focal 10"));
         // RAW pictures begin like a TIFF; browsers' pictures like nothing the tools know.
@@ -379,11 +381,18 @@ private slots:
         QVERIFY(panohost(command + QStringLiteral(" --force")).exitCode == 0);
     }
 
-    /// No hole where rows meet.
+    void insideIsFull_data()
+    {
+        QTest::addColumn<QString>("project");
+        QTest::newRow("where rows meet") << "flat/truth.pto --crop inside";
+        // enblend's coarse masks leave 19,000 black pixels of these.
+        QTest::newRow("fisheyes") << "fisheyes/truth.pto --crop inside --width 1570";
+    }
     void insideIsFull()
     {
+        QFETCH(QString, project);
         const Run run = panohost(
-            QStringLiteral("stitch --project flat/truth.pto --output pano.jpg --crop inside"));
+            QStringLiteral("stitch --output pano.jpg --no-photometric --project ") + project);
         QVERIFY2(run.exitCode == 0, qUtf8Printable(run.err));
         const QImage picture(at(QStringLiteral("pano.jpg")));
         QVERIFY(picture.width() > 300);
