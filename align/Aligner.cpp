@@ -4,6 +4,7 @@
 #include "align/Aligner.h"
 
 #include "align/PairVisit.h"
+#include "align/ShiftSearch.h"
 #include "geometry/Angle.h"
 
 #include <opencv2/core/utility.hpp>
@@ -33,6 +34,8 @@ constexpr std::size_t kKept = 60;
 constexpr double kBend = 0.03;
 /// Working pixels by which tracking finds a corner off its place.
 constexpr double kReach = 60;
+/// Part of the corners tracked that must agree on one turn.
+constexpr double kPart = 0.3;
 /// Radians that a feature may be off its place.
 constexpr double kWideGate = 20 * kDegree;
 /// Working pixels beyond which a match is wrong, and how many times the middle distance.
@@ -45,7 +48,7 @@ constexpr double kWrong = 3;
 constexpr double kWrongTimes = 6;
 /// To be raised when matches are found in another way: what is kept of earlier runs is then not
 /// used.
-constexpr int kMethods = 1;
+constexpr int kMethods = 2;
 /// How often failed pairs are tried again.
 constexpr int kRounds = 2;
 /// Degrees from the head's word beyond which a picture is doubtful.
@@ -307,11 +310,23 @@ bool Aligner::trackPairs(const Places &wanted, const QString &step)
         const QByteArray key = keyOf(pair, "track");
         if (!first.isNull() && !second.isNull()) {
             const Lens lens = lensOf(pair.first);
-            const Tracked tracked = track({&first, lens, m_rotations[at(pair.first)]},
-                {&second, lensOf(pair.second), m_rotations[at(pair.second)]});
+            const View one{&first, lens, m_rotations[at(pair.first)]};
+            View other{&second, lensOf(pair.second), m_rotations[at(pair.second)]};
+            const auto agreed = [&](const std::vector<Match> &matches, double reach) {
+                return agreementOf(
+                    pair, matches, kBend * lens.unit, 2 * reach * first.scale / lens.focal, kPart);
+            };
+            Tracked tracked = track(one, other);
+            Agreement agreement = agreed(tracked.matches, kReach);
             pair.corners = tracked.corners;
-            const Agreement agreement = agreementOf(pair, tracked.matches, kBend * lens.unit,
-                2 * kReach * first.scale / lens.focal, 0.3);
+            if (!agreement && pair.corners >= kTextured) {
+                if (const auto found = searchShift(one, other)) {
+                    other.rotation = *found;
+                    tracked = track(one, other);
+                    agreement = agreed(tracked.matches,
+                        kReach + kShiftReach * std::max(first.grey.cols, first.grey.rows));
+                }
+            }
             if (agreement) {
                 pair.turn = agreement.turn;
                 pair.distance = agreement.distance * lens.focal / first.scale;
