@@ -182,28 +182,27 @@ bool Aligner::matchAll()
     // stated, less will do.
     Places again = failedPairs();
     const Places textured = texturedPairs();
-    const bool isLost = m_isGrid
-        ? 8 * again.size() > textured.size() || !distantPairs(kDistant).empty()
-        : 2 * again.size() > textured.size();
+    const bool isLost = (m_isGrid ? 8 : 2) * again.size() > textured.size();
     if (isLost)
         again = textured;
-    for (int round = 0; round < kRounds; ++round) {
-        if (round == 0 && (isLost || hasLooseParts(again)) && !searchPairs(again))
+    // What the first places do not help to join, either, is searched.
+    const int searchRound = isLost ? 0 : 1;
+    for (int round = 0; round <= searchRound + 1; ++round) {
+        const bool isSearched = round == searchRound && (isLost || hasLooseParts(again));
+        if (isSearched && !searchPairs(again))
             return false;
-        if (again.empty() && distantPairs(kDistant).empty())
+        if ((again.empty() && distantPairs(kDistant).empty()) || (round >= kRounds && !isSearched))
             break;
         if (m_isGrid && round == 0)
             restepGrid();
         if (!solve(false))
             return false;
         dropWrongPairs();
-        const Places before = again;
-        again = failedPairs();
         const Places distant = distantPairs(kDistant / 4);
-        Places next = again;
+        Places next = failedPairs();
         next.insert(next.end(), distant.begin(), distant.end());
-        if (round == 0)
-            next.insert(next.end(), before.begin(), before.end());
+        if (isSearched)
+            next.insert(next.end(), again.begin(), again.end());
         std::sort(next.begin(), next.end());
         next.erase(std::unique(next.begin(), next.end()), next.end());
         if (!trackPairs(next, QStringLiteral("matching again")))
@@ -319,7 +318,7 @@ bool Aligner::trackPairs(const Places &wanted, const QString &step)
             Tracked tracked = track(one, other);
             Agreement agreement = agreed(tracked.matches, kReach);
             pair.corners = tracked.corners;
-            if (!agreement && pair.corners >= kTextured) {
+            if (!agreement) {
                 if (const auto found = searchShift(one, other)) {
                     other.rotation = *found;
                     tracked = track(one, other);

@@ -23,6 +23,10 @@ constexpr double kSmooth = 4;
 constexpr double kFewest = 250;
 /// Correlation of the same things seen twice.
 constexpr double kAlike = 0.5;
+/// Radians about the middle between the pictures.
+constexpr double kRolls[] = {0, -0.05, 0.05, -0.1, 0.1};
+/// Corners of a picture of things.
+constexpr std::size_t kTextured = 100;
 
 cv::Mat_<float> reduced(const cv::Mat &grey, double scale)
 {
@@ -51,21 +55,16 @@ cv::Mat_<float> correlation(const cv::Mat_<float> &image, const cv::Mat_<float> 
     return result;
 }
 
-} // namespace
+/// The turn, in the first camera's axes, that brings the second picture to where it fits best.
+struct Fit {
+    Rotation turn = Rotation::Identity();
+    double sureness = 0;
+};
 
-std::optional<Rotation> searchShift(const View &first, const View &second)
+/// \a turn leads from the first camera's axes to the second one's.
+Fit fitOf(const cv::Mat_<float> &here, const Lens &from, const cv::Mat_<float> &there,
+    const Lens &to, const Rotation &turn)
 {
-    const WorkingPicture &one = *first.picture;
-    const WorkingPicture &other = *second.picture;
-    const double scale = std::max(one.grey.cols, one.grey.rows) / kSide;
-    if (scale < 1 || std::min(other.grey.cols, other.grey.rows) < 2 * scale)
-        return {};
-    const cv::Mat_<float> here = reduced(one.grey, scale);
-    const cv::Mat_<float> there = reduced(other.grey, scale);
-    const Lens from = reduced(one.lensHere(first.lens), scale);
-    const Lens to = reduced(other.lensHere(second.lens), scale);
-    const Rotation turn = second.rotation.transpose() * first.rotation;
-
     const int reach = static_cast<int>(std::lround(kShiftReach * kSide));
     const cv::Rect wide(-reach, -reach, here.cols + 2 * reach, here.rows + 2 * reach);
     const cv::Mat_<cv::Point2f> map = TurnMap(from, to, turn, wide).pixels();
@@ -81,9 +80,8 @@ std::optional<Rotation> searchShift(const View &first, const View &second)
     const cv::Mat_<float> ownSquares = correlation(shown, here.mul(here));
     const cv::Mat_<float> otherSquares = correlation(warped.mul(warped), whole);
     const cv::Mat_<float> counts = correlation(shown, whole);
-    // Few pixels are easily alike: Fisher's z over its deviation tells chance from likeness.
-    double best = 0;
-    std::optional<cv::Point> place;
+    Fit fit;
+    cv::Point place;
     for (int y = 0; y < products.rows; ++y) {
         for (int x = 0; x < products.cols; ++x) {
             // At least a grey level of things on average: below it is noise.
@@ -91,26 +89,60 @@ std::optional<Rotation> searchShift(const View &first, const View &second)
                 * std::sqrt(std::max(0.0F, otherSquares(y, x)));
             if (counts(y, x) < kFewest || spread < counts(y, x))
                 continue;
+            // Few pixels are easily alike: Fisher's z over its deviation tells chance from
+            // likeness.
             const double likeness = std::min(products(y, x) / spread, 0.999);
             const double sureness = std::atanh(likeness) * std::sqrt(double(counts(y, x)));
-            if (likeness > kAlike && sureness > best) {
-                best = sureness;
-                place = cv::Point(x, y);
+            if (likeness > kAlike && sureness > fit.sureness) {
+                fit.sureness = sureness;
+                place = {x, y};
             }
         }
     }
-    if (!place)
-        return {};
-
+    if (fit.sureness == 0)
+        return fit;
     // What the first shows at a point, the second would show so much further on.
-    const Point shift(place->x - reach, place->y - reach);
-    cv::Mat_<float> both = shown(cv::Rect(*place, here.size()));
-    const cv::Moments moments = cv::moments(both);
+    const Point shift(place - cv::Point(reach, reach));
+    const cv::Moments moments = cv::moments(shown(cv::Rect(place, here.size())));
     const Point middle(moments.m10 / moments.m00, moments.m01 / moments.m00);
-    const Rotation back
-        = Eigen::Quaterniond::FromTwoVectors(from.ray(middle + shift), from.ray(middle))
-              .toRotationMatrix();
-    return first.rotation * back * first.rotation.transpose() * second.rotation;
+    fit.turn = Eigen::Quaterniond::FromTwoVectors(from.ray(middle + shift), from.ray(middle))
+                   .toRotationMatrix();
+    return fit;
+}
+
+} // namespace
+
+std::optional<Rotation> searchShift(const View &first, const View &second)
+{
+    const WorkingPicture &one = *first.picture;
+    const WorkingPicture &other = *second.picture;
+    const double scale = std::max(one.grey.cols, one.grey.rows) / kSide;
+    if (scale < 1 || std::min(other.grey.cols, other.grey.rows) < 2 * scale)
+        return {};
+    const cv::Mat_<float> here = reduced(one.grey, scale);
+    const cv::Mat_<float> there = reduced(other.grey, scale);
+    const Lens from = reduced(one.lensHere(first.lens), scale);
+    const Lens to = reduced(other.lensHere(second.lens), scale);
+    const Rotation turn = second.rotation.transpose() * first.rotation;
+
+    Rotation best = Rotation::Identity();
+    double sureness = 0;
+    const Vector between = (Vector::UnitZ() + turn.transpose().col(2)).normalized();
+    for (const double roll : kRolls) {
+        const Rotation rolled = turnBy(between * roll);
+        const Fit fit = fitOf(here, from, there, to, turn * rolled.transpose());
+        if (fit.sureness > sureness) {
+            sureness = fit.sureness;
+            best = fit.turn * rolled;
+        }
+        // Hardly any head rolls.
+        if (roll == 0
+            && (sureness > 0 || std::min(one.corners.size(), other.corners.size()) < kTextured))
+            break;
+    }
+    if (sureness == 0)
+        return {};
+    return first.rotation * best * first.rotation.transpose() * second.rotation;
 }
 
 } // namespace align
