@@ -41,8 +41,10 @@ constexpr double kWideGate = 20 * kDegree;
 /// Working pixels beyond which a match is wrong, and how many times the middle distance.
 constexpr double kOutlier = 1;
 constexpr double kOutlierTimes = 4;
-/// Working pixels beyond which a pair found is worth tracking again from where it was found.
-constexpr double kDistant = 40;
+/// Working pixels from where it was expected beyond which a pair found is tracked again from where
+/// it was found, and beyond which that is worth a round of its own.
+constexpr double kDistant = 10;
+constexpr double kFar = 40;
 /// Working pixels beyond which all of a pair is wrong, and how many times the middle distance.
 constexpr double kWrong = 3;
 constexpr double kWrongTimes = 6;
@@ -188,21 +190,20 @@ bool Aligner::matchAll()
     // What the first places do not help to join, either, is searched.
     const int searchRound = isLost ? 0 : 1;
     for (int round = 0; round <= searchRound + 1; ++round) {
-        const bool isSearched = round == searchRound && (isLost || hasLooseParts(again));
-        if (isSearched && !searchPairs(again))
+        const Places sought = round != searchRound ? Places() : isLost ? again : loosePairs(again);
+        if (!sought.empty() && !searchPairs(sought))
             return false;
-        if ((again.empty() && distantPairs(kDistant).empty()) || (round >= kRounds && !isSearched))
+        if ((again.empty() && !hasPoorPairs()) || (round >= kRounds && sought.empty()))
             break;
         if (m_isGrid && round == 0)
             restepGrid();
         if (!solve(false))
             return false;
         dropWrongPairs();
-        const Places distant = distantPairs(kDistant / 4);
+        const Places distant = distantPairs();
         Places next = failedPairs();
         next.insert(next.end(), distant.begin(), distant.end());
-        if (isSearched)
-            next.insert(next.end(), again.begin(), again.end());
+        next.insert(next.end(), sought.begin(), sought.end());
         std::sort(next.begin(), next.end());
         next.erase(std::unique(next.begin(), next.end()), next.end());
         if (!trackPairs(next, QStringLiteral("matching again")))
@@ -370,7 +371,7 @@ bool Aligner::searchPairs(const Places &wanted)
         pair.matches.clear();
         if (agreement) {
             pair.turn = agreement.turn;
-            pair.distance = 2 * kDistant;
+            pair.distance = 2 * kFar;
             for (const int i : agreement.agreeing)
                 pair.matches.push_back(matches[at(i)]);
         }
@@ -402,16 +403,25 @@ Aligner::Places Aligner::texturedPairs() const
     return textured;
 }
 
-/// Pairs that were found more than \a limit working pixels from where they were expected.
-Aligner::Places Aligner::distantPairs(double limit) const
+/// Pairs that were found so far from where they were expected that more will be found there.
+Aligner::Places Aligner::distantPairs() const
 {
     Places distant;
     for (std::size_t i = 0; i < m_pairs.size(); ++i) {
-        const PicturePair &pair = m_pairs[i];
-        if (pair.isJoined() && pair.distance > limit)
+        if (m_pairs[i].isJoined() && m_pairs[i].distance > kDistant)
             distant.push_back(static_cast<int>(i));
     }
     return distant;
+}
+
+/// Whether there are pairs that want tracking again.
+bool Aligner::hasPoorPairs() const
+{
+    return std::any_of(m_pairs.begin(), m_pairs.end(), [](const PicturePair &pair) {
+        return pair.isJoined()
+            && (pair.distance > kFar
+                || (pair.distance > kDistant && pair.matches.size() < kKept / 4));
+    });
 }
 
 /// Forgets the matches of pairs that agreed on a turn that nothing else bears out.
@@ -454,13 +464,26 @@ std::vector<int> Aligner::partsOf() const
     return parts;
 }
 
-bool Aligner::hasLooseParts(const Places &failed) const
+/// Those of \a failed that would join parts, or hold a picture that hangs on one pair.
+Aligner::Places Aligner::loosePairs(const Places &failed) const
 {
     const std::vector<int> parts = partsOf();
-    return std::any_of(failed.begin(), failed.end(), [&](int place) {
+    std::vector<int> joints(m_owner.size(), 0);
+    for (const PicturePair &pair : m_pairs) {
+        if (pair.isJoined()) {
+            ++joints[at(m_owner[at(pair.first)])];
+            ++joints[at(m_owner[at(pair.second)])];
+        }
+    }
+    Places loose;
+    for (const int place : failed) {
         const PicturePair &pair = m_pairs[at(place)];
-        return parts[at(pair.first)] != parts[at(pair.second)];
-    });
+        const int fewest
+            = std::min(joints[at(m_owner[at(pair.first)])], joints[at(m_owner[at(pair.second)])]);
+        if (fewest < 2 || parts[at(pair.first)] != parts[at(pair.second)])
+            loose.push_back(place);
+    }
+    return loose;
 }
 
 /// Sets the rows and columns of a grid apart as the pairs found say: the stated overlap is but a

@@ -71,9 +71,10 @@ private:
         double tolerancePixels, double gate, double part) const;
     Places failedPairs() const;
     Places texturedPairs() const;
-    Places distantPairs(double limit) const;
+    Places distantPairs() const;
+    bool hasPoorPairs() const;
     std::vector<double> residualsOf(const PicturePair &pair) const;
-    bool hasLooseParts(const Places &failed) const;
+    Places loosePairs(const Places &failed) const;
     std::vector<int> partsOf() const;
     WorkingPicture read(int picture) const;
     bool tell(const QString &step, int done, int total) const;
