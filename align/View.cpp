@@ -20,6 +20,7 @@ View::View(const Placement &place, const PictureOptics &lens, const RadialDistor
     , m_yaw(turn(place.yaw))
     , m_pitch(turn(place.pitch))
     , m_roll(turn(place.roll))
+    , m_reach(1.001 * undistorted(std::hypot(lens.size.width(), lens.size.height()) / 2))
 {
 }
 
@@ -44,15 +45,21 @@ double View::stretch(double ideal) const
     return ((a * r + b) * r + c) * r + 1 - a - b - c;
 }
 
-Direction View::at(double x, double y) const
+double View::undistorted(double seen) const
 {
-    const double seen = std::hypot(x, y);
     double radius = seen;
     // Distortion is small: its inverse settles within a few rounds.
     for (int round = 0; round < 4; ++round) {
         const double factor = stretch(radius);
         radius = factor > 0.1 ? seen / factor : seen;
     }
+    return radius;
+}
+
+Direction View::at(double x, double y) const
+{
+    const double seen = std::hypot(x, y);
+    const double radius = undistorted(seen);
     // Of the ray: how far it leads off the axis, and how far along it.
     double off = radius / m_focal;
     double along = 1;
@@ -79,6 +86,9 @@ std::optional<QPointF> View::find(const Direction &direction) const
     if (!m_lens.fisheye && d[2] <= 0)
         return std::nullopt;
     const double ideal = m_focal * (m_lens.fisheye ? std::atan2(off, d[2]) : off / d[2]);
+    // Far beyond the corners even the least distortion leads back into the picture.
+    if (ideal > m_reach)
+        return std::nullopt;
     const double scale = off > 0 ? ideal * stretch(ideal) / off : 0;
     const QPointF seen(d[0] * scale, -d[1] * scale);
     if (std::abs(seen.x()) * 2 > m_lens.size.width()
@@ -89,6 +99,6 @@ std::optional<QPointF> View::find(const Direction &direction) const
 
 double View::radius() const
 {
-    const double corner = std::hypot(m_lens.size.width(), m_lens.size.height()) / 2;
-    return m_lens.fisheye ? std::min(corner / m_focal, geometry::kPi) : std::atan(corner / m_focal);
+    return m_lens.fisheye ? std::min(m_reach / m_focal, geometry::kPi)
+                          : std::atan(m_reach / m_focal);
 }

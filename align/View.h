@@ -31,7 +31,7 @@ public:
     std::optional<QPointF> find(const Direction &direction) const;
     bool sees(const Direction &direction) const { return find(direction).has_value(); }
 
-    /// Radians from the centre to the furthest corner.
+    /// Radians from the centre to the furthest corner, or a little more.
     double radius() const;
 
 private:
@@ -45,6 +45,8 @@ private:
     /// How much further from the centre than the ideal lens the lens shows a point, \a ideal pixels
     /// off it.
     double stretch(double ideal) const;
+    /// How far off the centre the ideal lens shows what this one shows \a seen pixels off it.
+    double undistorted(double seen) const;
 
     PictureOptics m_lens;
     RadialDistortion m_distortion;
@@ -52,4 +54,6 @@ private:
     Turn m_yaw;
     Turn m_pitch;
     Turn m_roll;
+    /// Pixels of the ideal lens beyond which nothing is seen.
+    double m_reach;
 };

@@ -22,6 +22,8 @@ PtoProject rows(double firstYaw, double step, int columns, const QVector<double>
             PtoProject::Picture picture;
             picture.lens = {QSize(900, 600), focal, fisheye};
             picture.place = {std::remainder(firstYaw + column * step, 360.0), pitch, 0};
+            // Next to nothing, but far off the axis it leads back into the picture.
+            picture.distortion.b = -0.000005;
             picture.location = project.pictures.size();
             project.pictures.append(picture);
         }
