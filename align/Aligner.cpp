@@ -36,6 +36,8 @@ constexpr double kBend = 0.03;
 constexpr double kReach = 60;
 /// Part of the corners tracked that must agree on one turn.
 constexpr double kPart = 0.3;
+/// Part of the corners looked for that must be found where much that is alike may be nearer.
+constexpr double kSurePart = 0.4;
 /// Radians that a feature may be off its place.
 constexpr double kWideGate = 20 * kDegree;
 /// Working pixels beyond which a match is wrong, and how many times the middle distance.
@@ -325,6 +327,8 @@ bool Aligner::trackPairs(const Places &wanted, const QString &step)
                     tracked = track(one, other);
                     agreement = agreed(tracked.matches,
                         kReach + kShiftReach * std::max(first.grey.cols, first.grey.rows));
+                    if (double(agreement.agreeing.size()) < kSurePart * tracked.sought)
+                        agreement = {};
                 }
             }
             if (agreement) {

@@ -57,8 +57,8 @@ private:
     /// Takes what earlier runs found; the others are left.
     Places uncached(const Places &pairs, const char *method);
     void keep(const PicturePair &pair, const QByteArray &key);
-    bool trackPairs(const Places &pairs, const QString &step);
-    bool searchPairs(const Places &pairs);
+    bool trackPairs(const Places &wanted, const QString &step);
+    bool searchPairs(const Places &wanted);
     bool solve(bool isLast);
     void restepGrid();
     void chain();

@@ -145,7 +145,7 @@ void follow(const cv::Mat &from, const cv::Mat &to, const std::vector<cv::Point2
 }
 
 /// Finds corners of \a first in \a second.
-std::vector<Match> tracked(const View &first, const View &second)
+Tracked tracked(const View &first, const View &second)
 {
     const WorkingPicture &one = *first.picture;
     const WorkingPicture &other = *second.picture;
@@ -153,14 +153,15 @@ std::vector<Match> tracked(const View &first, const View &second)
     const Lens to = other.lensHere(second.lens);
     const Rotation turn = second.rotation.transpose() * first.rotation;
     const cv::Rect area = sharedArea(from, one.grey.size(), to, other.grey.size(), turn);
-    std::vector<Match> matches;
+    Tracked result;
     if (area.width < 2 * kWindow || area.height < 2 * kWindow)
-        return matches;
+        return result;
 
     const TurnMap map(from, to, turn, area);
     const std::vector<const Corner *> sought = soughtCorners(one, area, map, other.grey.size());
     if (sought.size() < 6)
-        return matches;
+        return result;
+    result.sought = static_cast<int>(sought.size());
     const cv::Mat grey = one.grey(area);
     cv::Mat warped;
     cv::remap(
@@ -169,6 +170,7 @@ std::vector<Match> tracked(const View &first, const View &second)
 
     const cv::Point2f corner(area.tl());
     std::vector<cv::Point2f> points;
+    points.reserve(sought.size());
     for (const Corner *each : sought)
         points.push_back(each->point - corner);
     std::vector<cv::Point2f> found = points;
@@ -183,25 +185,23 @@ std::vector<Match> tracked(const View &first, const View &second)
             continue;
         // What noise does to a place: its deviation over the gradients in the window.
         const double blur = noise / (kWindow * double(sought[i]->gradient));
-        matches.push_back({one.toStored(Point(sought[i]->point)),
+        result.matches.push_back({one.toStored(Point(sought[i]->point)),
             other.toStored(map.at(Point(found[i]))), std::min(1.0, kExact / blur)});
     }
-    return matches;
+    return result;
 }
 
 } // namespace
 
 Tracked track(const View &first, const View &second)
 {
-    Tracked result;
     const int corners[2] = {cornersShown(first, second), cornersShown(second, first)};
-    result.corners = std::min(corners[0], corners[1]);
     // Of what one picture shows, another that is overexposed may not have kept much.
-    if (2 * corners[1] >= corners[0]) {
-        result.matches = tracked(first, second);
-    } else {
-        result.matches = tracked(second, first);
-        for (Match &match : result.matches)
+    const bool isBack = 2 * corners[1] < corners[0];
+    Tracked result = isBack ? tracked(second, first) : tracked(first, second);
+    result.corners = std::min(corners[0], corners[1]);
+    for (Match &match : result.matches) {
+        if (isBack)
             std::swap(match.inFirst, match.inSecond);
     }
     return result;

@@ -20,6 +20,8 @@ struct Tracked {
     std::vector<Match> matches;
     /// Corners that either view has, at least, where the other one should show them.
     int corners = 0;
+    /// Corners that were looked for.
+    int sought = 0;
 };
 
 /// Finds corners of one view in the other, which is turned into the first one's frame for it; they
