@@ -299,7 +299,7 @@ void ImportPage::connectSubtitleLinks()
 // buttons. With every ten pictures that takes longer than all else, and hardly ever is there news.
 void ImportPage::spareWizard()
 {
-    constexpr auto slot = SLOT(_q_updateButtonStates());
+    const char *const slot = SLOT(_q_updateButtonStates());
     // Where a later Qt has it otherwise, all stays as it is.
     if (!wizard() || wizard()->metaObject()->indexOfSlot(slot + 1) < 0
         || !disconnect(this, SIGNAL(completeChanged()), wizard(), slot))
