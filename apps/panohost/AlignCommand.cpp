@@ -4,26 +4,15 @@
 #include "apps/panohost/AlignCommand.h"
 
 #include "align/Alignment.h"
-#include "align/RecordJson.h"
-#include "apps/panohost/HeadCommand.h"
 #include "apps/panohost/Interrupt.h"
 #include "apps/panohost/ProgressLine.h"
-
-#include <QFileInfo>
+#include "apps/panohost/ProjectCommand.h"
 
 namespace {
 
-class AlignCommand final : public HeadCommand {
+class AlignCommand final : public ProjectCommand {
 public:
     QString name() const override { return QStringLiteral("align"); }
-    std::vector<OptionText> options() const override
-    {
-        return {{"output", "FILE.pto", "where the aligned project is written"},
-            {"record", "FILE.json", "where the project record is written too"},
-            {"json", nullptr, "print the report as JSON"},
-            {"keep", nullptr, "keep the matches beside the project for later runs"},
-            {"fresh", nullptr, "forget the matches of earlier runs"}};
-    }
     QString description() const override
     {
         return QStringLiteral("Makes a project in which the pictures fit together.");
@@ -31,23 +20,11 @@ public:
 
     void takeOptions(OptionReader &reader) override
     {
-        m_output = reader.text("output");
-        m_record = reader.text("record");
+        ProjectCommand::takeOptions(reader);
         m_json = reader.isSet("json");
         m_options.keep = reader.isSet("keep");
         m_options.fresh = reader.isSet("fresh");
-        if (m_output.isEmpty())
-            reader.refuse(QStringLiteral("--output FILE.pto is missing"));
-        if (reader.isSet("record") && m_record.isEmpty())
-            reader.refuse(QStringLiteral("--record wants a file"));
-        if (!m_record.isEmpty() && isSameFile(m_record, m_output))
-            reader.refuse(QStringLiteral("--output and --record name the same file"));
-        m_options.cacheFolder = m_output + QStringLiteral(".matches");
-    }
-
-    QStringList outputs() const override
-    {
-        return m_record.isEmpty() ? QStringList(m_output) : QStringList{m_output, m_record};
+        m_options.cacheFolder = output() + QStringLiteral(".matches");
     }
 
     ExitCode run(const ProjectRecord &record, const PictureTable &pictures) override
@@ -58,18 +35,20 @@ public:
             console::complain(problem.isEmpty() ? QStringLiteral("interrupted") : problem);
             return ExitCode::Failed;
         }
-        QVector<OutputFile> files{
-            {m_output, projectText(alignment->project, QFileInfo(m_output).absolutePath())}};
-        if (!m_record.isEmpty())
-            files.append({m_record, recordToJson(record)});
-        problem = writeWhole(files);
-        if (!problem.isEmpty()) {
-            console::complain(problem);
+        if (!write(alignment->project, record))
             return ExitCode::Failed;
-        }
         console::print(
             m_json ? QString::fromUtf8(alignment->report.toJson()) : alignment->report.toText());
         return ExitCode::Done;
+    }
+
+protected:
+    const char *outputText() const override { return "where the aligned project is written"; }
+    std::vector<OptionText> ownOptions() const override
+    {
+        return {{"json", nullptr, "print the report as JSON"},
+            {"keep", nullptr, "keep the matches beside the project for later runs"},
+            {"fresh", nullptr, "forget the matches of earlier runs"}};
     }
 
 private:
@@ -85,8 +64,6 @@ private:
         return alignRecord(record, pictures, m_options, progress, problem);
     }
 
-    QString m_output;
-    QString m_record;
     bool m_json = false;
     AlignOptions m_options;
 };
