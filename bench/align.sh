@@ -10,7 +10,7 @@
 # --plain    also the usual way without the head's file, by the Hugin tools: a quarter of an hour and
 #            more for 114 pictures
 # --robust   shootings that make it hard
-# --large    24 megapixels against decoding alone; 1,000 pictures
+# --large    24 megapixels against decoding alone; how 250, 500 and 1,000 pictures grow
 # --adjust   the adjustment of up to 70,000 simulated pictures
 # Shootings are kept in the folder BENCH_SHOOTINGS, /tmp/align-shootings if that is not set.
 set -eu -o pipefail
@@ -68,6 +68,21 @@ ours() {
     cpu=$(seconds align "$@" "${config[@]}" "$folder")
     joined=$(sed -n 's/^    "joined": \([0-9]*\),*$/\1/p; s/^    "pictures": \([0-9]*\),*$/of \1/p' "$report" | tr '\n' ' ')
     echo "$cpu | ${joined% } | $("$tools"/align_error "$folder" "$folder/ours.pto" | awk '{ printf "%.4f | %.3f", $1, $2 }')"
+}
+
+# peak FOLDER HEAD...: the most memory that aligning takes, in MB.
+peak() {
+    local folder=$1 most=0 now pid
+    shift
+    "$bin"/panohost align "$@" --config "$folder/shooting.xml" "$folder" --force \
+        --output "$folder/ours.pto" >>"$shootings/log" 2>&1 &
+    pid=$!
+    while now=$(awk '/VmHWM/ { print $2 }' "/proc/$pid/status" 2>/dev/null) && [ -n "$now" ]; do
+        most=$now
+        sleep 0.05
+    done
+    wait "$pid"
+    echo $((most / 1024))
 }
 
 # without FOLDER: the same without the head's file.
@@ -133,9 +148,13 @@ if [ -n "$large" ]; then
     make 24mp --rows 2 --columns 8 --full-turn --focal 20 --size 6000x4000 $errors
     echo "| 16 pictures of 24 megapixels | aligned | $(ours "$shootings/24mp" papywizard) |"
     echo "| the same | decoding alone | $(seconds "$tools"/align_decode "$shootings"/24mp/IMG_*.jpg) | | | |"
-    # shellcheck disable=SC2086
-    make 1000 --rows 25 --columns 40 --focal 200 --overlap 35 $errors --head-step 0.01
-    echo "| 1,000 pictures | aligned | $(ours "$shootings/1000" papywizard) |"
+    for columns in 10 20 40; do
+        pictures=$((25 * columns))
+        # shellcheck disable=SC2086
+        make $pictures --rows 25 --columns $columns --focal 200 --overlap 35 $errors --head-step 0.01
+        echo "| $pictures pictures | aligned | $(ours "$shootings/$pictures" papywizard) |"
+        echo "| the same | MB at most | $(peak "$shootings/$pictures" papywizard) | | | |"
+    done
 fi
 
 if [ -n "$adjust" ]; then
