@@ -13,6 +13,7 @@
 #include <QDataStream>
 #include <QDateTime>
 #include <QFileInfo>
+#include <QSet>
 #include <algorithm>
 #include <cmath>
 #include <numeric>
@@ -191,11 +192,11 @@ bool Aligner::matchAll()
         again = textured;
     // What the first places do not help to join, either, is searched.
     const int searchRound = isLost ? 0 : 1;
-    for (int round = 0; round <= searchRound + 1; ++round) {
+    for (int round = 0; round < kRounds; ++round) {
         const Places sought = round != searchRound ? Places() : isLost ? again : loosePairs(again);
         if (!sought.empty() && !searchPairs(sought))
             return false;
-        if ((again.empty() && !hasPoorPairs()) || (round >= kRounds && sought.empty()))
+        if (again.empty() && !hasPoorPairs())
             break;
         if (m_isGrid && round == 0)
             restepGrid();
@@ -468,23 +469,26 @@ std::vector<int> Aligner::partsOf() const
     return parts;
 }
 
-/// Those of \a failed that would join parts, or hold a picture that hangs on one pair.
+/// Those of \a failed that would join parts, or hold a place that hangs on one other.
 Aligner::Places Aligner::loosePairs(const Places &failed) const
 {
     const std::vector<int> parts = partsOf();
-    std::vector<int> joints(m_owner.size(), 0);
+    std::vector<QSet<int>> neighbours(m_owner.size());
     for (const PicturePair &pair : m_pairs) {
-        if (pair.isJoined()) {
-            ++joints[at(m_owner[at(pair.first)])];
-            ++joints[at(m_owner[at(pair.second)])];
-        }
+        const int a = m_owner[at(pair.first)];
+        const int b = m_owner[at(pair.second)];
+        if (!pair.isJoined() || pair.isInner || a == b)
+            continue;
+        neighbours[at(a)].insert(b);
+        neighbours[at(b)].insert(a);
     }
     Places loose;
     for (const int place : failed) {
         const PicturePair &pair = m_pairs[at(place)];
-        const int fewest
-            = std::min(joints[at(m_owner[at(pair.first)])], joints[at(m_owner[at(pair.second)])]);
-        if (fewest < 2 || parts[at(pair.first)] != parts[at(pair.second)])
+        const auto hangs
+            = [&](int picture) { return neighbours[at(m_owner[at(picture)])].size() < 2; };
+        if (parts[at(pair.first)] != parts[at(pair.second)]
+            || (!pair.isInner && (hangs(pair.first) || hangs(pair.second))))
             loose.push_back(place);
     }
     return loose;

@@ -117,7 +117,8 @@ std::optional<Rotation> searchShift(const View &first, const View &second)
     const WorkingPicture &one = *first.picture;
     const WorkingPicture &other = *second.picture;
     const double scale = std::max(one.grey.cols, one.grey.rows) / kSide;
-    if (scale < 1 || std::min(other.grey.cols, other.grey.rows) < 2 * scale)
+    if (scale < 1
+        || std::min({one.grey.cols, one.grey.rows, other.grey.cols, other.grey.rows}) < 2 * scale)
         return {};
     const cv::Mat_<float> here = reduced(one.grey, scale);
     const cv::Mat_<float> there = reduced(other.grey, scale);
