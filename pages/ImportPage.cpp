@@ -313,5 +313,5 @@ void ImportPage::tellWizard()
     if (!m_sparedWizard || m_sparedWizard != wizard() || m_toldComplete == isComplete())
         return;
     m_toldComplete = isComplete();
-    setCommitPage(isCommitPage()); // Has the wizard ask the page.
+    QMetaObject::invokeMethod(m_sparedWizard, "_q_updateButtonStates", Qt::DirectConnection);
 }
