@@ -129,6 +129,11 @@ void tst_ImportWords::advises_data()
     grid.wantsFile = false;
     grid.file = {};
     row("grid", grid, Kind::NextStep, "Drop the pictures here");
+    grid.pictures = 24;
+    grid.read = 23;
+    grid.unreadable = 1;
+    row("grid, one unreadable", grid, Kind::Problem, "Put them right and try again, or choose");
+    grid.unreadable = 0;
     grid.pictures = grid.read = 24;
     grid.isComplete = true;
     row("grid, ready", grid, Kind::Ready, "All 24 pictures");
@@ -155,6 +160,7 @@ void tst_ImportWords::namesSkipped_data()
     row("/p/IMG_0001.jpg /p/IMG_0002.jpg /p/IMG_0004.jpg", "IMG_0003.jpg");
     row("/b/a9.x2.jpg /b/a9.x5.jpg", "a9.x3.jpg a9.x4.jpg");
     row("/p/9.jpg /p/11.jpg /p/8.jpg", "10.jpg");
+    row("/p/I1.CR2 /p/I3.CR2", "I2.CR2");
     row("/p/1.jpg /p/2.jpg", "");
     row("/p/1.jpg /p/5.jpg", "");
     row("/p/1.jpg /p/3.png", "");

@@ -491,7 +491,8 @@ void tst_MainWindow::choosesTooMuch()
 {
     QStringList paths = makeShooting(6);
     writeFile(at("notes.jpg"), "no picture");
-    paths += {at("notes.jpg"), at("shooting.xml")};
+    writeFile(at("zz.xml"), "<papywizard><preset/></papywizard>");
+    paths += {at("notes.jpg"), at("shooting.xml"), at("zz.xml")};
     QVERIFY(click("Papywizard"));
     const QString chosen = QLatin1Char('"') + paths.join(QLatin1String("\" \"")) + QLatin1Char('"');
     WindowDriver::withDialogs([this] { QVERIFY(click("m_pbSelectImages")); },

@@ -43,7 +43,9 @@ struct NumberedName {
     explicit NumberedName(const QString &path)
         : name(path.mid(path.lastIndexOf(QLatin1Char('/')) + 1))
     {
-        end = name.size();
+        // The digits of a suffix, as in .CR2, count nothing.
+        const int dot = static_cast<int>(name.lastIndexOf(QLatin1Char('.')));
+        end = dot > 0 ? dot : static_cast<int>(name.size());
         while (end > 0 && !isDigit(end - 1))
             --end;
         begin = end;

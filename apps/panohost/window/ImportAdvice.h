@@ -24,10 +24,11 @@ struct ImportState {
     bool isComplete = false;
 
     bool isReading() const { return read + unreadable < pictures; }
-    /// Whether all is there without what cannot be read.
+    /// Whether all is there without what cannot be read. Only a file can tell: in a mere grid all
+    /// that comes later would move up.
     bool isWholeWithoutUnreadable() const
     {
-        return !isReading() && unreadable > 0 && read > 0 && (!wantsFile || file.shots == read);
+        return !isReading() && unreadable > 0 && read > 0 && wantsFile && file.shots == read;
     }
 };
 

@@ -264,12 +264,11 @@ void ImportView::watchPictures()
     m_unreadable.clear();
     m_skippedAreKnown = false;
     m_pace.start(m_clock.elapsed());
-    // Whoever chooses all files of a folder as pictures chooses the head's among them.
     const bool isMixed = m_state.wantsFile && !m_isHanding
         && std::any_of(m_pictures.cbegin(), m_pictures.cend(),
             [this](const QString &path) { return headFileFormat(path) == m_import.format(); });
     if (isMixed)
-        QTimer::singleShot(0, this, [this] { startOver(m_pictures); });
+        QTimer::singleShot(0, this, &ImportView::takeFileFromPictures);
     // Only a page that was reset has no pictures, and its record is as new.
     if (m_pictures.isEmpty())
         m_handedOver = {};
@@ -376,12 +375,35 @@ void ImportView::startOver(const QStringList &pictures)
     hand(files);
 }
 
+// Whoever chooses all files of a folder as pictures chooses the head's among them, and maybe others
+// of its format. What is of use already stays.
+void ImportView::takeFileFromPictures()
+{
+    if (!m_page)
+        return;
+    const DroppedFiles dropped = sortOut(m_pictures);
+    QStringList files = dropped.pictures;
+    const HeadFile present
+        = readHeadFile(m_page->property("configFile").toString(), m_import.format());
+    const HeadFile *best = present.shots > 0 ? &present : nullptr;
+    for (const HeadFile &head : dropped.heads) {
+        if (head.format == m_import.format() && (!best || best->shots <= 0))
+            best = &head;
+    }
+    if (best && best != &present)
+        files.append(best->path);
+    // A page keeps pictures until others come.
+    if (dropped.pictures.isEmpty())
+        QMetaObject::invokeMethod(m_page, "Reset");
+    hand(files);
+}
+
 void ImportView::leaveOutUnreadable()
 {
     QStringList pictures;
     std::copy_if(m_pictures.cbegin(), m_pictures.cend(), std::back_inserter(pictures),
         [this](const QString &path) { return !m_unreadable.contains(path); });
-    startOver(pictures);
+    hand(pictures);
 }
 
 void ImportView::offerFullAngles()

@@ -63,6 +63,7 @@ private:
     void takeRecord(const ProjectRecord &record);
     /// Reads \a pictures anew; the head's file stays.
     void startOver(const QStringList &pictures);
+    void takeFileFromPictures();
     void leaveOutUnreadable();
     void offerFullAngles();
     void takeFullAngles(bool full);
