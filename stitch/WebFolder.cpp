@@ -14,13 +14,13 @@
 #include <QImageReader>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QLockFile>
+#include <QTemporaryDir>
 #include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <cmath>
 #include <condition_variable>
-#include <cstdio>
-#include <fcntl.h>
 #include <mutex>
 #include <thread>
 #include <vector>
@@ -413,17 +413,75 @@ private:
     bool m_isCancelled = false;
 };
 
-/// Makes \a part the folder at \a path. What stood there before goes only then.
-bool putInPlace(const QString &part, const QString &path)
+/// Where the folder at \a path is made: in another beside it that goes with this object.
+class Workshop {
+public:
+    explicit Workshop(QString path)
+        : m_path(std::move(path))
+        , m_folder(m_path + QStringLiteral(".XXXXXX"))
+        , m_lock(lockIn(m_folder.path()))
+    {
+        m_lock.setStaleLockTime(0);
+    }
+
+    bool open()
+    {
+        sweep();
+        return m_folder.isValid() && m_lock.tryLock(0) && QDir().mkpath(made());
+    }
+
+    QString made() const { return m_folder.filePath(QStringLiteral("made")); }
+
+    /// What stood at the path before goes only when what was made is there.
+    bool putInPlace()
+    {
+        QDir disk;
+        const QString old = m_folder.filePath(QStringLiteral("old"));
+        const bool isOld = QFileInfo::exists(m_path);
+        if (isOld && !disk.rename(m_path, old))
+            return false;
+        if (disk.rename(made(), m_path))
+            return true;
+        if (isOld && !disk.rename(old, m_path))
+            m_folder.setAutoRemove(false);
+        return false;
+    }
+
+private:
+    static QString lockIn(const QString &folder)
+    {
+        return QDir(folder).filePath(QStringLiteral("panohost.lock"));
+    }
+
+    /// Takes away what killed runs left. Without a lock in it, it is not ours.
+    void sweep() const
+    {
+        const QFileInfo path(m_path);
+        const QString pattern = QStringLiteral("*.??????");
+        const auto filter = QDir::Dirs | QDir::Hidden | QDir::NoSymLinks;
+        for (const QFileInfo &left : path.absoluteDir().entryInfoList({pattern}, filter)) {
+            if (left.completeBaseName() != path.fileName())
+                continue;
+            const QString folder = left.absoluteFilePath();
+            QLockFile lock(lockIn(folder));
+            lock.setStaleLockTime(0);
+            if (!QFileInfo::exists(lockIn(folder)) || !lock.tryLock(0))
+                continue;
+            lock.unlock();
+            QDir(folder).removeRecursively();
+        }
+    }
+
+    QString m_path;
+    QTemporaryDir m_folder;
+    QLockFile m_lock;
+};
+
+/// The folder meant by \a path, which may be a link to it or end in a slash.
+QString placeOf(const QString &path)
 {
-#ifdef RENAME_EXCHANGE
-    const QByteArray from = QFile::encodeName(part);
-    const QByteArray to = QFile::encodeName(path);
-    if (renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_EXCHANGE) == 0)
-        return true;
-#endif
-    return (!QFileInfo::exists(path) || QDir(path).removeRecursively())
-        && QDir().rename(part, path);
+    const QFileInfo info(QDir::cleanPath(path));
+    return info.exists() ? info.canonicalFilePath() : info.absoluteFilePath();
 }
 
 bool isWebFolder(const QDir &folder)
@@ -452,10 +510,10 @@ QString webObstacle(const WebFolder &folder)
     if (webViewerFolder().isEmpty())
         return QStringLiteral("this panohost was built without the viewer that a web folder needs: "
                               "there was no network to fetch it");
-    const QFileInfo info(folder.path);
+    const QFileInfo info(placeOf(folder.path));
     if (!QFileInfo(info.absolutePath()).isDir())
         return QStringLiteral("%1: there is no folder %2").arg(folder.path, info.absolutePath());
-    if (!info.exists())
+    if (!info.exists() && !info.isSymLink())
         return {};
     if (!info.isDir())
         return QStringLiteral("%1: is no folder").arg(folder.path);
@@ -483,13 +541,10 @@ QString writeWebFolder(const WebFolder &folder, const QString &picture, const Fr
     QImage image = reader.read();
     if (image.isNull())
         return QStringLiteral("%1: cannot be read: %2").arg(picture, reader.errorString());
-    const QString part = QFileInfo(folder.path).absoluteFilePath() + QStringLiteral(".part");
-    QDir(part).removeRecursively();
-    WebWriter writer(part, frame, folder.jobs, progress);
-    bool isWell
-        = QDir().mkpath(part) && writer.go(image.convertToFormat(QImage::Format_RGB32), title);
-    isWell = isWell && putInPlace(part, QFileInfo(folder.path).absoluteFilePath());
-    QDir(part).removeRecursively();
+    Workshop workshop(placeOf(folder.path));
+    WebWriter writer(workshop.made(), frame, folder.jobs, progress);
+    const bool isWell = workshop.open()
+        && writer.go(image.convertToFormat(QImage::Format_RGB32), title) && workshop.putInPlace();
     if (isWell)
         return {};
     *isCancelled = writer.isCancelled();

@@ -606,7 +606,7 @@ private slots:
         QVERIFY(contentOf(at(name)).size() > 1000);
         QCOMPARE(contentOf(at(files[1])).size() > 100, arguments.contains(QStringLiteral("--web")));
         QCOMPARE(QDir(m_folder.path())
-                     .entryList({QStringLiteral("pano*.work"), QStringLiteral("*.part")},
+                     .entryList({QStringLiteral("pano*.work"), QStringLiteral("pano.web.*")},
                          QDir::AllEntries),
             QStringList());
     }

@@ -131,17 +131,67 @@ private slots:
         QVERIFY(QFile::exists(path + QStringLiteral("/picture.js")));
         QVERIFY(write({at(QStringLiteral("picture.jpg")), true, 1}, fullSphere(64))
                     .contains(QStringLiteral("is no folder")));
+        QVERIFY(QFile::link(at(QStringLiteral("nowhere")), at(QStringLiteral("lost"))));
+        QVERIFY(write({at(QStringLiteral("lost/")), true, 1}, fullSphere(64))
+                    .contains(QStringLiteral("is no folder")));
         QVERIFY(write({at(QStringLiteral("no/web")), true, 1}, fullSphere(64))
                     .contains(QStringLiteral("there is no folder")));
     }
 
-    void cancelledLeavesNothing()
+    // What comes in an older folder's place takes nothing else with it.
+    void takesAnOldOnesPlace_data()
     {
-        const auto cancel = [](const QString &, int, int) { return false; };
-        QCOMPARE(write({at(QStringLiteral("none")), false, 2}, part(8208), cancel),
-            QStringLiteral("cancelled"));
-        QCOMPARE(QDir(m_folder.path()).entryList({QStringLiteral("none*")}, QDir::AllEntries),
-            QStringList());
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<bool>("isCancelled");
+
+        QTest::newRow("plain") << QStringLiteral("old") << false;
+        QTest::newRow("slash at the end") << QStringLiteral("old/") << false;
+        QTest::newRow("link") << QStringLiteral("link") << false;
+        QTest::newRow("link, slash at the end") << QStringLiteral("link/") << false;
+        QTest::newRow("cancelled") << QStringLiteral("old/") << true;
+        QTest::newRow("new, slash at the end") << QStringLiteral("new/") << false;
+        QTest::newRow("new, cancelled") << QStringLiteral("new") << true;
+    }
+    void takesAnOldOnesPlace()
+    {
+        QFETCH(QString, name);
+        QFETCH(bool, isCancelled);
+        const QTemporaryDir folder;
+        const QDir disk(folder.path());
+        const QString old = disk.filePath(QStringLiteral("old"));
+        QCOMPARE(write({old, false, 1}, fullSphere(64)), QString());
+        QVERIFY(disk.mkdir(QStringLiteral("old/mark")) && disk.mkdir(QStringLiteral("usual")));
+        QVERIFY(QFile::link(old, disk.filePath(QStringLiteral("link"))));
+        // Others' folders, whatever they are called.
+        for (const char *other : {"part", "old", "123456"}) {
+            for (const char *beside : {"old", "new", "link"})
+                QVERIFY(disk.mkpath(
+                    QStringLiteral("%1.%2/kept").arg(QLatin1String(beside), QLatin1String(other))));
+        }
+        QStringList expected = disk.entryList();
+
+        const auto progress = [isCancelled](const QString &, int, int) { return !isCancelled; };
+        QCOMPARE(write({disk.path() + QLatin1Char('/') + name, true, 2},
+                     isCancelled ? part(8208) : fullSphere(64), progress),
+            isCancelled ? QStringLiteral("cancelled") : QString());
+        disk.refresh();
+        const bool isNew = name.startsWith(QStringLiteral("new"));
+        QCOMPARE(disk.exists(QStringLiteral("old/mark")), isCancelled || isNew);
+        const QString made = isNew && !isCancelled ? QStringLiteral("new") : QStringLiteral("old");
+        QVERIFY(disk.exists(made + QStringLiteral("/scene.js")));
+        // Servers read it, too.
+        QCOMPARE(QFile::permissions(disk.filePath(made)),
+            QFile::permissions(disk.filePath(QStringLiteral("usual"))));
+        QVERIFY(QFileInfo(disk.filePath(QStringLiteral("link"))).isSymLink());
+        if (isNew && !isCancelled)
+            expected.append(made);
+        expected.sort();
+        QStringList found = disk.entryList();
+        found.sort();
+        QCOMPARE(found, expected);
+        for (const QString &other :
+            disk.entryList({QStringLiteral("*.*")}, QDir::Dirs | QDir::NoDotAndDotDot))
+            QVERIFY2(disk.exists(other + QStringLiteral("/kept")), qPrintable(other));
     }
 
     void views_data()
