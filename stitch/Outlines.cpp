@@ -41,12 +41,17 @@ public:
     QSize size() const { return m_size; }
     int at(int x, int y) const { return m_groups.at(y * m_size.width() + x); }
 
-    void cover(const QImage &mask, int group)
+    /// \a mask has pixels of the whole panorama, which is \a whole, and may be a part of it.
+    void cover(const QImage &mask, const QPoint &offset, const QSize &whole, int group)
     {
         for (int y = 0; y < m_size.height(); ++y) {
-            const uchar *line = mask.constScanLine(middle(y, m_size.height(), mask.height()));
+            const int row = middle(y, m_size.height(), whole.height()) - offset.y();
+            if (row < 0 || row >= mask.height())
+                continue;
+            const uchar *line = mask.constScanLine(row);
             for (int x = 0; x < m_size.width(); ++x) {
-                if (line[middle(x, m_size.width(), mask.width())] > 0x7f)
+                const int column = middle(x, m_size.width(), whole.width()) - offset.x();
+                if (column >= 0 && column < mask.width() && line[column] > 0x7f)
                     m_groups[y * m_size.width() + x] = group;
             }
         }
@@ -111,10 +116,11 @@ QVector<QPolygonF> seamsOf(const PtoProject &project, const Frame &frame, const 
                 std::max(1, qRound(double(kMostColumns) * whole.height() / whole.width()))));
     int group = 0;
     for (const QString &path : masks) {
-        const QImage mask = QImage(path).convertToFormat(QImage::Format_Grayscale8);
+        const QImage mask(path);
         if (mask.isNull())
             return {};
-        map.cover(mask, ++group);
+        // enblend saves no more of it than what is blended so far.
+        map.cover(mask.convertToFormat(QImage::Format_Grayscale8), mask.offset(), whole, ++group);
     }
 
     const QVector<View> views = viewsOf(project);

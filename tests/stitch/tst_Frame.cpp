@@ -99,7 +99,8 @@ private slots:
         const auto frame = frameOf(project, {}, &problem);
         QVERIFY2(frame, qPrintable(problem));
         // The second picture comes over the first from two fifths on, the third from three fifths
-        // on; beyond the pictures the masks are white at the left.
+        // on; beyond the pictures the first mask is white at the left, where the other, which has a
+        // part only, has nothing.
         QStringList masks;
         for (const int from : {2, 3}) {
             QImage mask(frame->crop.size(), QImage::Format_Grayscale8);
@@ -108,6 +109,11 @@ private slots:
                 const int start = mask.width() * from / 5;
                 std::fill(mask.scanLine(y) + start, mask.scanLine(y) + mask.width(), uchar(255));
                 mask.scanLine(y)[0] = 255;
+            }
+            if (from == 3) {
+                const QRect part = mask.rect().adjusted(mask.width() / 2, 3, 0, -2);
+                mask = mask.copy(part);
+                mask.setOffset(part.topLeft());
             }
             masks.append(folder.filePath(QStringLiteral("%1.png").arg(from)));
             QVERIFY(mask.save(masks.last()));
