@@ -3,12 +3,13 @@
 
 #include "stitch/Radiance.h"
 
+#include "stitch/Tags.h"
+
 #include <OpenEXR/ImfRgbaFile.h>
 #include <OpenEXR/ImfStandardAttributes.h>
 
 #include <QFile>
 #include <cmath>
-#include <exiv2/exiv2.hpp>
 #include <vector>
 
 namespace {
@@ -17,12 +18,8 @@ namespace {
 class SourceTags {
 public:
     explicit SourceTags(const QString &path)
+        : m_tags(tagsOf(path).exif)
     {
-        if (!QFile::exists(path))
-            return;
-        const auto image = Exiv2::ImageFactory::open(QFile::encodeName(path).toStdString());
-        image->readMetadata();
-        m_tags = image->exifData();
     }
 
     void addTo(Imf::Header &header) const
@@ -60,9 +57,10 @@ private:
         if (!tag || !side || tag->count() != 3)
             return std::nullopt;
         const float value = tag->toFloat(0) + tag->toFloat(1) / 60 + tag->toFloat(2) / 3600;
-        if (!std::isfinite(value))
+        const std::string name = side->toString();
+        if (!std::isfinite(value) || name.empty())
             return std::nullopt;
-        return side->toString().front() == negative ? -value : value;
+        return name.front() == negative ? -value : value;
     }
 
     Exiv2::ExifData m_tags;

@@ -7,7 +7,6 @@
 #include <QFile>
 #include <algorithm>
 #include <cmath>
-#include <exiv2/exiv2.hpp>
 
 namespace {
 
@@ -38,10 +37,10 @@ constexpr const char *kKeptXmp[] = {
     "Xmp.xmpRights.WebStatement",
 };
 
-void keepTags(const Exiv2::Image &source, Exiv2::Image &target)
+void keepTags(const PictureTags &source, Exiv2::Image &target)
 {
     Exiv2::ExifData &tags = target.exifData();
-    for (const Exiv2::Exifdatum &tag : source.exifData()) {
+    for (const Exiv2::Exifdatum &tag : source.exif) {
         const std::string key = tag.key();
         const auto isKey = [&key](const char *kept) { return key == kept; };
         const bool isKept = std::any_of(std::begin(kKept), std::end(kKept), isKey);
@@ -49,8 +48,8 @@ void keepTags(const Exiv2::Image &source, Exiv2::Image &target)
             tags[key] = tag.value();
     }
     for (const char *key : kKeptXmp) {
-        const auto tag = source.xmpData().findKey(Exiv2::XmpKey(key));
-        if (tag != source.xmpData().end())
+        const auto tag = source.xmp.findKey(Exiv2::XmpKey(key));
+        if (tag != source.xmp.end())
             target.xmpData().add(*tag);
     }
     tags["Exif.Image.Orientation"] = uint16_t(1);
@@ -93,16 +92,23 @@ void addProfile(Exiv2::Image &target)
 
 } // namespace
 
+PictureTags tagsOf(const QString &path)
+{
+    try {
+        const auto image = Exiv2::ImageFactory::open(QFile::encodeName(path).toStdString());
+        image->readMetadata();
+        return {image->exifData(), image->xmpData()};
+    } catch (const Exiv2::AnyError &) {
+        return {};
+    }
+}
+
 QString writeTags(const QString &path, const QString &source, const Frame &frame)
 {
     try {
         const auto target = Exiv2::ImageFactory::open(QFile::encodeName(path).toStdString());
         target->readMetadata();
-        if (QFile::exists(source)) {
-            const auto from = Exiv2::ImageFactory::open(QFile::encodeName(source).toStdString());
-            from->readMetadata();
-            keepTags(*from, *target);
-        }
+        keepTags(tagsOf(source), *target);
         if (frame.projection == Projection::Equirectangular)
             addSphere(frame, target->xmpData());
         addProfile(*target);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "stitch/Radiance.h"
+#include "stitch/Tags.h"
 
 #include <OpenEXR/ImfRgbaFile.h>
 #include <OpenEXR/ImfStandardAttributes.h>
@@ -76,6 +77,67 @@ private slots:
         QCOMPARE(Imf::longitude(header), 70.01F);
         QVERIFY(!Imf::hasAperture(header));
         QCOMPARE(int(Imf::envmap(header)), int(Imf::ENVMAP_LATLONG));
+    }
+
+    // Pictures without tags, or with useless ones, are pictures all the same.
+    void sourcesWithoutTags_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QByteArray>("content");
+
+        const auto row = [](const char *name, const QByteArray &content) {
+            QTest::newRow(name) << QString::fromLatin1(name) << content;
+        };
+        row("grey.pgm", "P5\n2 2\n255\n\x01\x02\x03\x04");
+        row("light.hdr", "#?RADIANCE\nFORMAT=32-bit_rle_rgbe\n\n-Y 1 +X 1\n\x80\x80\x80\x80");
+        row("light.exr", "v/1\x01\x02");
+        row("broken.jpg", "\xff\xd8\xff\xe1");
+        row("empty.jpg", {});
+        // Made below.
+        row("no sides.jpg", {});
+    }
+    void sourcesWithoutTags()
+    {
+        QFETCH(QString, name);
+        QFETCH(QByteArray, content);
+        const QTemporaryDir folder;
+        const QString source = folder.filePath(name);
+        const QString blended = folder.filePath(QStringLiteral("blended.exr"));
+        const QString light = folder.filePath(QStringLiteral("result.exr"));
+        const QString result = folder.filePath(QStringLiteral("result.jpg"));
+        QImage picture(4, 2, QImage::Format_RGB32);
+        picture.fill(Qt::gray);
+        QVERIFY(picture.save(result));
+        QFile file(source);
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
+        file.close();
+        if (name.startsWith(QStringLiteral("no sides"))) {
+            QVERIFY(picture.save(source));
+            const auto image = Exiv2::ImageFactory::open(QFile::encodeName(source).toStdString());
+            for (const char *tag : {"Exif.GPSInfo.GPSLatitude", "Exif.GPSInfo.GPSLongitude"}) {
+                image->exifData()[tag] = "33/1 30/1 0/1";
+                image->exifData()[tag + std::string("Ref")] = "";
+            }
+            image->writeMetadata();
+        }
+
+        Frame frame;
+        frame.canvas = QSize(4, 2);
+        frame.crop = QRect(0, 0, 4, 2);
+        QCOMPARE(writeTags(result, source, frame), QString());
+        const auto image = Exiv2::ImageFactory::open(QFile::encodeName(result).toStdString());
+        image->readMetadata();
+        QCOMPARE(image->xmpData()["Xmp.GPano.FullPanoWidthPixels"].toString().c_str(), "4");
+        {
+            Imf::RgbaOutputFile written(
+                QFile::encodeName(blended).constData(), 4, 2, Imf::WRITE_RGBA);
+            const std::vector<Imf::Rgba> pixels(8);
+            written.setFrameBuffer(pixels.data(), 1, 4);
+            written.writePixels(2);
+        }
+        QCOMPARE(writeRadiance(blended, light, source, frame), QString());
+        QVERIFY(
+            !Imf::hasLatitude(Imf::RgbaInputFile(QFile::encodeName(light).constData()).header()));
     }
 
     // What broke off is told of.
