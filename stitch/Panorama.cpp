@@ -80,6 +80,8 @@ Panorama makePanorama(const PtoProject &recorded, const Aligning &aligning,
     const auto [alignment, rendering] = oneBar(recorded, wishes, progress);
     if (const auto project = aligning(folder, alignment, &panorama))
         finish(*project, wishes, folder, rendering, &panorama);
+    else
+        folder.removeUnlessUsed();
     return panorama;
 }
 

@@ -109,6 +109,13 @@ void WorkFolder::sweep() const
     QFile::remove(file(kLog));
 }
 
+void WorkFolder::removeUnlessUsed()
+{
+    const QStringList finished{kFinished + QLatin1Char('*')};
+    if (QDir(m_path).entryList(finished, QDir::Files).isEmpty())
+        remove();
+}
+
 void WorkFolder::remove()
 {
     m_wanted.clear();

@@ -41,6 +41,8 @@ public:
     void prune() const;
     /// Takes all away, and the folder when nothing else is in it.
     void remove();
+    /// Takes the folder away where nothing is in it that a later run could go on from.
+    void removeUnlessUsed();
 
 private:
     /// Takes away what is not finished.

@@ -825,6 +825,13 @@ void tst_MainWindow::finishesWhatItImported()
     QVERIFY(WindowDriver::waitFor(isDone));
     QVERIFY2(report->text().startsWith(QLatin1String("Cancelled")), qPrintable(report->text()));
     QCOMPARE(fileContent(at("shooting/x.pto")), imported);
+    const QStringList untouched = QDir(at("shooting")).entryList();
+    WindowDriver::withDialogs([this] { QVERIFY(click("panorama")); },
+        [this](QWidget *dialog, int) { choose(dialog, at("shooting/pano.jpg")); });
+    QVERIFY(click("cancelTask"));
+    QVERIFY(WindowDriver::waitFor(isDone));
+    QVERIFY2(report->text().startsWith(QLatin1String("Cancelled")), qPrintable(report->text()));
+    QCOMPARE(QDir(at("shooting")).entryList(), untouched);
 
     QVERIFY(click("align"));
     QVERIFY(WindowDriver::waitFor(isDone));
