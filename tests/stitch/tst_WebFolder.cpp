@@ -130,10 +130,10 @@ private slots:
         QVERIFY(write(forced, fullSphere(64)).contains(QStringLiteral("holds other things")));
         QVERIFY(QFile::exists(path + QStringLiteral("/picture.js")));
         QVERIFY(write({at(QStringLiteral("picture.jpg")), true, 1}, fullSphere(64))
-                    .contains(QStringLiteral("is no folder")));
+                    .contains(QStringLiteral(": is no folder")));
         QVERIFY(QFile::link(at(QStringLiteral("nowhere")), at(QStringLiteral("lost"))));
         QVERIFY(write({at(QStringLiteral("lost/")), true, 1}, fullSphere(64))
-                    .contains(QStringLiteral("is no folder")));
+                    .contains(QStringLiteral(": is no folder")));
         QVERIFY(write({at(QStringLiteral("no/web")), true, 1}, fullSphere(64))
                     .contains(QStringLiteral("there is no folder")));
     }
