@@ -3,8 +3,8 @@
 
 #include "gigapan/GigapanToSPP.h"
 #include "tests/support/RecordDump.h"
+#include "tests/support/Table.h"
 
-#include <QTest>
 #include <cmath>
 #include <limits>
 
@@ -45,35 +45,20 @@ QVector<QVector<int>> walk(const GigapanLayout &layout)
 {
     QVector<QVector<int>> locations(layout.rows, QVector<int>(layout.columns, -1));
     int next = 0;
-    switch (layout.mode) {
-    case 0:
-        for (int c = 0; c < layout.columns; ++c)
-            for (int r = 0; r < layout.rows; ++r)
-                locations[r][c] = next++;
-        break;
-    case 1:
-        for (int r = 0; r < layout.rows; ++r)
-            for (int c = 0; c < layout.columns; ++c)
-                locations[r][c] = next++;
-        break;
-    case 2:
-        for (int r = layout.rows - 1; r >= 0; --r)
-            for (int c = 0; c < layout.columns; ++c)
-                locations[r][c] = next++;
-        break;
-    case 3:
-        for (int c = layout.columns - 1; c >= 0; --c)
-            for (int r = 0; r < layout.rows; ++r)
-                locations[r][c] = next++;
-        break;
-    case 4: {
-        bool toRight = true;
-        for (int r = layout.rows - 1; r >= 0; --r, toRight = !toRight) {
-            for (int n = 0; n < layout.columns; ++n)
-                locations[r][toRight ? n : layout.columns - 1 - n] = next++;
+    const bool byColumns = layout.mode == 0 || layout.mode == 3;
+    for (int a = 0; a < (byColumns ? layout.columns : layout.rows); ++a) {
+        for (int b = 0; b < (byColumns ? layout.rows : layout.columns); ++b, ++next) {
+            if (layout.mode == 0)
+                locations[b][a] = next;
+            else if (layout.mode == 1)
+                locations[a][b] = next;
+            else if (layout.mode == 2)
+                locations[layout.rows - 1 - a][b] = next;
+            else if (layout.mode == 3)
+                locations[b][layout.columns - 1 - a] = next;
+            else
+                locations[layout.rows - 1 - a][a % 2 == 0 ? b : layout.columns - 1 - b] = next;
         }
-        break;
-    }
     }
     return locations;
 }
@@ -128,262 +113,191 @@ ProjectRecord literalConvert(const GigapanLayout &layout, const QStringList &ima
 
 class tst_GigapanToSPP : public QObject {
     Q_OBJECT
-private slots:
-    void choosesTheInitialGrid();
-    void choosesTheGridOf_data();
-    void choosesTheGridOf();
-    void derivesColumns_data();
-    void derivesColumns();
-    void convertsAsTheRulesSay();
-    void groups_data();
-    void groups();
-    void linksCells_data();
-    void linksCells();
-    void survivesAbsurdLayouts_data();
-    void survivesAbsurdLayouts();
-    void appendsToTheRecord();
-};
 
-void tst_GigapanToSPP::choosesTheInitialGrid()
-{
-    for (int n = 1; n <= 5000; ++n) {
-        int r = static_cast<int>(std::sqrt(static_cast<float>(n))) + 1;
-        int c = 0;
-        do {
-            --r;
-            c = n / r + (n % r != 0 ? 1 : 0);
-        } while (r * c != n);
+private slots:
+    void choosesTheInitialGrid()
+    {
+        const auto chosen = [](int pictures) {
+            GigapanToSPP converter;
+            converter.Layout() = layoutOf(9, 8, 3, 7, 5);
+            converter.ChooseInitialGrid(pictures);
+            const GigapanLayout &layout = converter.Layout();
+            return QVector<int>{
+                layout.rows, layout.columns, layout.mode, layout.bracket, layout.ignore};
+        };
+        for (int n = 1; n <= 5000; ++n) {
+            int r = static_cast<int>(std::sqrt(static_cast<float>(n))) + 1;
+            int c = 0;
+            do {
+                --r;
+                c = n / r + (n % r != 0 ? 1 : 0);
+            } while (r * c != n);
+            QCOMPARE(chosen(n), (QVector<int>{r, c, 3, 1, 0}));
+        }
+        QCOMPARE(chosen(kHuge), (QVector<int>{1, kHuge, 3, 1, 0})); // a prime
+        QCOMPARE(chosen(46340 * 46340), (QVector<int>{46340, 46340, 3, 1, 0}));
+        // None keep the grid.
+        QCOMPARE(chosen(0), (QVector<int>{9, 8, 3, 1, 0}));
+        QCOMPARE(chosen(-5), (QVector<int>{9, 8, 3, 1, 0}));
+    }
+
+    void derivesColumns_data()
+    {
+        const Table<int, int, int, int, int> row(
+            "pictures", "rows", "bracket", "ignore", "columns");
+        row("14 with all", 14, 2, 2, 2, 3);
+        row("13 in 4 rows", 13, 4, 1, 0, 3);
+        row("brackets are cut first", 11, 2, 3, 0, 1);
+        row("more rows than pictures", 3, 4, 1, 0, 0);
+        row("more ignored than pictures", 3, 2, 1, 10, -3);
+        row("cut toward zero", 3, 2, 2, 10, -1);
+        row("no pictures", 0, 4, 1, 0, 0);
+        row("huge all", 10, kHuge, kHuge, kHuge, 0);
+        row("negative ignore overflows", kHuge, 1, 1, -kHuge, kHuge);
+        row("rows below 1", 12, 0, 1, 0, 77);
+        row("bracket below 1", 12, 3, 0, 0, 77);
+        row("smallest over -1", 0, -1, -1, kHuge, 77);
+    }
+    void derivesColumns()
+    {
+        QFETCH(const int, pictures);
+        QFETCH(const int, rows);
+        QFETCH(const int, bracket);
+        QFETCH(const int, ignore);
+        QFETCH(const int, columns);
 
         GigapanToSPP converter;
-        converter.Layout() = layoutOf(9, 9, 3, 7, 5);
-        converter.ChooseInitialGrid(n);
-        QCOMPARE(converter.Layout().rows, r);
-        QCOMPARE(converter.Layout().columns, c);
-        QCOMPARE(converter.Layout().bracket, 1);
-        QCOMPARE(converter.Layout().ignore, 0);
-        QCOMPARE(converter.Layout().mode, 3);
+        converter.Layout() = layoutOf(rows, 77, 0, bracket, ignore);
+        converter.DeriveColumns(pictures);
+        QCOMPARE(converter.Layout().columns, columns);
     }
-}
 
-void tst_GigapanToSPP::choosesTheGridOf_data()
-{
-    QTest::addColumn<int>("pictures");
-    QTest::addColumn<int>("rows");
-    QTest::addColumn<int>("columns");
-
-    QTest::newRow("12") << 12 << 3 << 4;
-    QTest::newRow("24") << 24 << 4 << 6;
-    QTest::newRow("25") << 25 << 5 << 5;
-    QTest::newRow("prime") << 7 << 1 << 7;
-    QTest::newRow("one") << 1 << 1 << 1;
-    QTest::newRow("largest, a prime") << kHuge << 1 << kHuge;
-    QTest::newRow("largest square") << 46340 * 46340 << 46340 << 46340;
-    QTest::newRow("none keeps the grid") << 0 << 9 << 8;
-    QTest::newRow("below none") << -5 << 9 << 8;
-}
-
-void tst_GigapanToSPP::choosesTheGridOf()
-{
-    QFETCH(const int, pictures);
-    QFETCH(const int, rows);
-    QFETCH(const int, columns);
-
-    GigapanToSPP converter;
-    converter.Layout() = layoutOf(9, 8, 0, 3, 2);
-    converter.ChooseInitialGrid(pictures);
-    QCOMPARE(converter.Layout().rows, rows);
-    QCOMPARE(converter.Layout().columns, columns);
-    QCOMPARE(converter.Layout().bracket, 1);
-    QCOMPARE(converter.Layout().ignore, 0);
-}
-
-void tst_GigapanToSPP::derivesColumns_data()
-{
-    QTest::addColumn<int>("pictures");
-    QTest::addColumn<int>("rows");
-    QTest::addColumn<int>("bracket");
-    QTest::addColumn<int>("ignore");
-    QTest::addColumn<int>("columns");
-
-    QTest::newRow("12 in 3 rows") << 12 << 3 << 1 << 0 << 4;
-    QTest::newRow("14 with all") << 14 << 2 << 2 << 2 << 3;
-    QTest::newRow("13 in 4 rows") << 13 << 4 << 1 << 0 << 3;
-    QTest::newRow("24 in threes") << 24 << 4 << 3 << 0 << 2;
-    QTest::newRow("brackets are cut first") << 11 << 2 << 3 << 0 << 1;
-    QTest::newRow("more rows than pictures") << 3 << 4 << 1 << 0 << 0;
-    QTest::newRow("more ignored than pictures") << 3 << 2 << 1 << 10 << -3;
-    QTest::newRow("cut toward zero") << 3 << 2 << 2 << 10 << -1;
-    QTest::newRow("no pictures") << 0 << 4 << 1 << 0 << 0;
-    QTest::newRow("huge all") << 10 << kHuge << kHuge << kHuge << 0;
-    QTest::newRow("negative ignore overflows") << kHuge << 1 << 1 << -kHuge << kHuge;
-    QTest::newRow("rows below 1") << 12 << 0 << 1 << 0 << 77;
-    QTest::newRow("bracket below 1") << 12 << 3 << 0 << 0 << 77;
-    QTest::newRow("smallest over -1") << 0 << -1 << -1 << kHuge << 77;
-}
-
-void tst_GigapanToSPP::derivesColumns()
-{
-    QFETCH(const int, pictures);
-    QFETCH(const int, rows);
-    QFETCH(const int, bracket);
-    QFETCH(const int, ignore);
-    QFETCH(const int, columns);
-
-    GigapanToSPP converter;
-    converter.Layout() = layoutOf(rows, 77, 0, bracket, ignore);
-    converter.DeriveColumns(pictures);
-    QCOMPARE(converter.Layout().columns, columns);
-}
-
-void tst_GigapanToSPP::convertsAsTheRulesSay()
-{
-    for (int mode = 0; mode <= 4; ++mode) {
-        for (int rows = 0; rows <= 6; ++rows) {
-            for (int columns = 0; columns <= 6; ++columns) {
-                for (int variant = 0; variant < 8; ++variant) {
-                    const bool fullTurn = variant % 2 != 0;
-                    const int bracket = variant % 4 < 2 ? 1 : 3;
-                    const int ignore = variant < 4 ? 0 : 2;
-                    const GigapanLayout layout = layoutOf(rows, columns, mode, bracket, ignore);
-                    // Left-over pictures, and sometimes too few.
-                    const int count = (rows * columns - variant % 3) * bracket + variant;
-                    const QString expected
-                        = dump(literalConvert(layout, pictures(count), fullTurn));
-                    QCOMPARE(dump(convert(layout, count, fullTurn)), expected);
+    void convertsAsTheRulesSay()
+    {
+        for (int mode = 0; mode <= 4; ++mode) {
+            for (int rows = 0; rows <= 6; ++rows) {
+                for (int columns = 0; columns <= 6; ++columns) {
+                    for (int variant = 0; variant < 8; ++variant) {
+                        const bool fullTurn = variant % 2 != 0;
+                        const int bracket = variant % 4 < 2 ? 1 : 3;
+                        const int ignore = variant < 4 ? 0 : 2;
+                        const GigapanLayout layout = layoutOf(rows, columns, mode, bracket, ignore);
+                        // Left-over pictures, and sometimes too few.
+                        const int count = (rows * columns - variant % 3) * bracket + variant;
+                        const QString expected
+                            = dump(literalConvert(layout, pictures(count), fullTurn));
+                        QCOMPARE(dump(convert(layout, count, fullTurn)), expected);
+                    }
                 }
             }
         }
     }
-}
 
-void tst_GigapanToSPP::groups_data()
-{
-    QTest::addColumn<int>("count");
-    QTest::addColumn<int>("bracket");
-    QTest::addColumn<int>("ignore");
-    QTest::addColumn<QString>("expected");
-
-    QTest::newRow("ignored and bracketed")
-        << 14 << 2 << 2 << QStringLiteral("2,3 4,5 6,7 8,9 10,11 12,13");
-    QTest::newRow("left over") << 8 << 1 << 0 << QStringLiteral("0 1 2 3 4 5");
-    QTest::newRow("too few") << 5 << 1 << 2 << QStringLiteral("2 3 4");
-    QTest::newRow("nothing past the last picture") << 5 << 3 << 0 << QStringLiteral("0,1,2 3,4");
-    QTest::newRow("all ignored") << 5 << 1 << 5 << QString();
-    QTest::newRow("no pictures") << 0 << 1 << 0 << QString();
-    QTest::newRow("huge bracket") << 3 << kHuge << 1 << QStringLiteral("1,2");
-    QTest::newRow("huge ignore") << 3 << 1 << kHuge << QString();
-    QTest::newRow("negative ignore") << 2 << 1 << -4 << QStringLiteral("0 1");
-    QTest::newRow("no bracket") << 3 << 0 << 0 << QString();
-    QTest::newRow("negative bracket") << 3 << -2 << 0 << QString();
-}
-
-void tst_GigapanToSPP::groups()
-{
-    QFETCH(const int, count);
-    QFETCH(const int, bracket);
-    QFETCH(const int, ignore);
-    QFETCH(const QString, expected);
-
-    QStringList groups;
-    const ProjectRecord record = convert(layoutOf(2, 3, 0, bracket, ignore), count, false);
-    for (const QStringList &group : record.groups) {
-        QStringList numbers;
-        for (const QString &path : group)
-            numbers << path.mid(3).chopped(4);
-        groups << numbers.join(QLatin1Char(','));
+    void groups_data()
+    {
+        const Table<int, int, int, QString> row("count", "bracket", "ignore", "expected");
+        row("ignored and bracketed", 14, 2, 2, "2,3 4,5 6,7 8,9 10,11 12,13");
+        row("nothing past the last picture", 5, 3, 0, "0,1,2 3,4");
+        row("all ignored", 5, 1, 5, "");
+        row("no pictures", 0, 1, 0, "");
+        row("huge bracket", 3, kHuge, 1, "1,2");
+        row("huge ignore", 3, 1, kHuge, "");
+        row("negative ignore", 2, 1, -4, "0 1");
+        row("no bracket", 3, 0, 0, "");
+        row("negative bracket", 3, -2, 0, "");
     }
-    QCOMPARE(groups.join(QLatin1Char(' ')), expected);
-}
+    void groups()
+    {
+        QFETCH(const int, count);
+        QFETCH(const int, bracket);
+        QFETCH(const int, ignore);
+        QFETCH(const QString, expected);
 
-void tst_GigapanToSPP::linksCells_data()
-{
-    QTest::addColumn<int>("rows");
-    QTest::addColumn<int>("columns");
-    QTest::addColumn<int>("mode");
-    QTest::addColumn<bool>("fullTurn");
-    QTest::addColumn<QString>("expected");
-
-    QTest::newRow("square") << 2 << 2 << 1 << false
-                            << QStringLiteral("1:0-2 2:0-1 4:2-1 3:0-3 1:1-3 2:2-3");
-    QTest::newRow("square, full turn")
-        << 2 << 2 << 1 << true
-        << QStringLiteral("1:0-2 2:0-1 4:2-1 3:0-3 1:1-3 2:1-0 4:3-0 3:1-2 2:2-3 2:3-2");
-    QTest::newRow("one row") << 1 << 3 << 0 << false << QStringLiteral("2:0-1 2:1-2");
-    QTest::newRow("one row, full turn")
-        << 1 << 3 << 0 << true << QStringLiteral("2:0-1 2:1-2 2:2-0");
-    QTest::newRow("one column") << 3 << 1 << 0 << false << QStringLiteral("1:0-1 1:1-2");
-    QTest::newRow("one column, full turn, links to itself")
-        << 2 << 1 << 0 << true << QStringLiteral("1:0-1 2:0-0 4:1-0 3:0-1 2:1-1");
-    QTest::newRow("turning rows")
-        << 3 << 2 << 4 << false
-        << QStringLiteral("1:4-3 2:4-5 4:3-5 3:4-2 1:5-2 1:3-0 2:3-2 4:0-2 3:3-1 1:2-1 2:0-1");
-    QTest::newRow("no columns") << 3 << 0 << 0 << true << QString();
-    QTest::newRow("negative columns") << 3 << -3 << 2 << true << QString();
-    QTest::newRow("negative rows and columns") << -3 << -3 << 3 << true << QString();
-}
-
-void tst_GigapanToSPP::linksCells()
-{
-    QFETCH(const int, rows);
-    QFETCH(const int, columns);
-    QFETCH(const int, mode);
-    QFETCH(const bool, fullTurn);
-    QFETCH(const QString, expected);
-
-    // Links are made for every cell, whether it has pictures or not.
-    for (const int count : {0, 1, 100}) {
-        const ProjectRecord record = convert(layoutOf(rows, columns, mode), count, fullTurn);
-        QCOMPARE(linksOf(record), expected);
-        QCOMPARE(record.groups.size(), qMax(0, qMin(count, columns < 1 ? 0 : rows * columns)));
+        QStringList groups;
+        const ProjectRecord record = convert(layoutOf(2, 3, 0, bracket, ignore), count, false);
+        for (const QStringList &group : record.groups) {
+            QStringList numbers;
+            for (const QString &path : group)
+                numbers << path.mid(3).chopped(4);
+            groups << numbers.join(QLatin1Char(','));
+        }
+        QCOMPARE(groups.join(QLatin1Char(' ')), expected);
     }
-}
 
-void tst_GigapanToSPP::survivesAbsurdLayouts_data()
-{
-    QTest::addColumn<int>("rows");
-    QTest::addColumn<int>("columns");
-    QTest::addColumn<int>("links");
-
-    // Rows set as high as their box goes while the columns are still those of a fresh page.
-    QTest::newRow("highest rows") << 100'000 << 5 << 1'699'987;
-    QTest::newRow("box limits") << 100'000 << 100'000 << 0;
-    QTest::newRow("product overflows") << kHuge << kHuge << 0;
-    QTest::newRow("rows overflow") << kHuge << 5 << 0;
-    QTest::newRow("columns overflow") << 5 << kHuge << 0;
-    QTest::newRow("product overflows to 0") << 65536 << 65536 << 0;
-}
-
-void tst_GigapanToSPP::survivesAbsurdLayouts()
-{
-    QFETCH(const int, rows);
-    QFETCH(const int, columns);
-    QFETCH(const int, links);
-
-    for (int mode = 0; mode <= 4; ++mode) {
-        const ProjectRecord record = convert(layoutOf(rows, columns, mode), 3, false);
-        QCOMPARE(record.groups.size(), 3);
-        QCOMPARE(record.links.size(), links);
-        QCOMPARE(record.layoutRows, rows);
+    void linksCells_data()
+    {
+        const Table<int, int, int, bool, QString> row(
+            "rows", "columns", "mode", "fullTurn", "expected");
+        row("square, full turn", 2, 2, 1, true,
+            "1:0-2 2:0-1 4:2-1 3:0-3 1:1-3 2:1-0 4:3-0 3:1-2 2:2-3 2:3-2");
+        row("one row, full turn", 1, 3, 0, true, "2:0-1 2:1-2 2:2-0");
+        row("one column, full turn, links to itself", 2, 1, 0, true,
+            "1:0-1 2:0-0 4:1-0 3:0-1 2:1-1");
+        row("turning rows", 3, 2, 4, false,
+            "1:4-3 2:4-5 4:3-5 3:4-2 1:5-2 1:3-0 2:3-2 4:0-2 3:3-1 1:2-1 2:0-1");
+        row("no columns", 3, 0, 0, true, "");
+        row("negative columns", 3, -3, 2, true, "");
+        row("negative rows and columns", -3, -3, 3, true, "");
     }
-}
+    void linksCells()
+    {
+        QFETCH(const int, rows);
+        QFETCH(const int, columns);
+        QFETCH(const int, mode);
+        QFETCH(const bool, fullTurn);
+        QFETCH(const QString, expected);
 
-void tst_GigapanToSPP::appendsToTheRecord()
-{
-    GigapanToSPP converter;
-    converter.Layout() = layoutOf(1, 2, 1);
-    converter.Convert(pictures(2), false);
-    converter.Layout() = layoutOf(2, 1, 3, 2);
-    converter.Convert(pictures(4), true);
+        // Links are made for every cell, whether it has pictures or not.
+        for (const int count : {0, 1, 100}) {
+            const ProjectRecord record = convert(layoutOf(rows, columns, mode), count, fullTurn);
+            QCOMPARE(linksOf(record), expected);
+            QCOMPARE(record.groups.size(), qMax(0, qMin(count, columns < 1 ? 0 : rows * columns)));
+        }
+    }
 
-    const ProjectRecord first = literalConvert(layoutOf(1, 2, 1), pictures(2), false);
-    ProjectRecord expected = literalConvert(layoutOf(2, 1, 3, 2), pictures(4), true);
-    expected.groups = first.groups + expected.groups;
-    expected.links = first.links + expected.links;
-    QCOMPARE(dump(converter.Record()), dump(expected));
+    void survivesAbsurdLayouts_data()
+    {
+        const Table<int, int, int> row("rows", "columns", "links");
+        // Rows set as high as their box goes while the columns are still those of a fresh page.
+        row("highest rows", 100'000, 5, 1'699'987);
+        row("box limits", 100'000, 100'000, 0);
+        row("product overflows", kHuge, kHuge, 0);
+        row("rows overflow", kHuge, 5, 0);
+        row("columns overflow", 5, kHuge, 0);
+        row("product overflows to 0", 65536, 65536, 0);
+    }
+    void survivesAbsurdLayouts()
+    {
+        QFETCH(const int, rows);
+        QFETCH(const int, columns);
+        QFETCH(const int, links);
 
-    converter.ClearRecord();
-    QCOMPARE(dump(converter.Record()), dump(ProjectRecord()));
-}
+        for (int mode = 0; mode <= 4; ++mode) {
+            const ProjectRecord record = convert(layoutOf(rows, columns, mode), 3, false);
+            QCOMPARE(record.groups.size(), 3);
+            QCOMPARE(record.links.size(), links);
+            QCOMPARE(record.layoutRows, rows);
+        }
+    }
+
+    void appendsToTheRecord()
+    {
+        GigapanToSPP converter;
+        converter.Layout() = layoutOf(1, 2, 1);
+        converter.Convert(pictures(2), false);
+        converter.Layout() = layoutOf(2, 1, 3, 2);
+        converter.Convert(pictures(4), true);
+
+        const ProjectRecord first = literalConvert(layoutOf(1, 2, 1), pictures(2), false);
+        ProjectRecord expected = literalConvert(layoutOf(2, 1, 3, 2), pictures(4), true);
+        expected.groups = first.groups + expected.groups;
+        expected.links = first.links + expected.links;
+        QCOMPARE(dump(converter.Record()), dump(expected));
+
+        converter.ClearRecord();
+        QCOMPARE(dump(converter.Record()), dump(ProjectRecord()));
+    }
+};
 
 QTEST_GUILESS_MAIN(tst_GigapanToSPP)
 #include "tst_GigapanToSPP.moc"
