@@ -4,12 +4,13 @@
 #include "align/PtoProject.h"
 #include "geometry/Angle.h"
 #include "tests/align/TestPicture.h"
+#include "tests/support/Table.h"
 
+#include <QDebug>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTemporaryDir>
-#include <QTest>
 #include <cmath>
 #include <limits>
 
@@ -66,11 +67,11 @@ QString project(const ProjectRecord &record, const PictureTable &pictures)
                    : QStringLiteral("refused: ") + problem;
 }
 
-QStringList linesOf(const QString &text, QChar kind)
+QStringList linesOf(const QString &text, char kind)
 {
     QStringList lines;
     for (const QString &line : text.split(QLatin1Char('\n'))) {
-        if (line == kind || line.startsWith(kind + QStringLiteral(" ")))
+        if ((line + QLatin1Char(' ')).startsWith(QLatin1Char(kind) + QStringLiteral(" ")))
             lines.append(line);
     }
     return lines;
@@ -84,17 +85,25 @@ QString value(const QString &line, const char *name)
     return pattern.match(line).captured(1);
 }
 
-/// \a names of every i line, blank-separated.
-QStringList values(const QString &text, std::initializer_list<const char *> names)
+/// \a names of every i line, blank-separated, the lines with bars between.
+QString values(const QString &text, std::initializer_list<const char *> names)
 {
     QStringList result;
-    for (const QString &line : linesOf(text, QLatin1Char('i'))) {
+    for (const QString &line : linesOf(text, 'i')) {
         QStringList parts;
         for (const char *name : names)
             parts.append(value(line, name));
         result.append(parts.join(QLatin1Char(' ')));
     }
-    return result;
+    return result.join(QLatin1Char('|'));
+}
+
+/// The names of the variables that are optimized and begin with \a first, "y" or all.
+QString variables(const QString &text, const char *first = "")
+{
+    return linesOf(text, 'v')
+        .filter(QStringLiteral(" %1").arg(QLatin1String(first)))
+        .join(QLatin1Char(','));
 }
 
 struct Output {
@@ -146,29 +155,24 @@ private slots:
         auto project = projectOf(record, table, &problem);
         QVERIFY2(project, qUtf8Printable(problem));
         project->points = {{0, 2, {812.25, 301.5}, {-0.5, 599}}};
-        const QByteArray text = projectText(*project, QStringLiteral("/p/sub/"));
+        const QString text = QString::fromUtf8(projectText(*project, QStringLiteral("/p/sub/")));
 
         const QString lens
             = QStringLiteral(" v=0 a=0 b=0 c=0 d=0 e=0 g=0 t=0 Ra=0 Rb=0 Rc=0 Rd=0 Re=0 Va=0 Vb=0 "
                              "Vc=0 Vd=0 Vx=0 Vy=0");
-        QCOMPARE(linesOf(QString::fromUtf8(text), QLatin1Char('i')),
-            (QStringList{
-                QStringLiteral("i w900 h600 f0 v73.73979529 a0 b0 c0 d0 e0 g0 t0 Ra0 Rb0 Rc0 Rd0 "
-                               "Re0 Va1 Vb0 Vc0 Vd0 Vx0 Vy0 r90 p0 y0 Eev12.5 Er1 Eb1 j0 "
-                               "n\"/p/000.jpg\""),
-                QStringLiteral("i w900 h600 f0%1 r=0 p=0 y=0 Eev14.5 Er1 Eb1 j=0 n\"/p/001.jpg\"")
-                    .arg(lens),
-                QStringLiteral("i w900 h600 f0%1 r0 p0 y30 Eev12.5 Er1 Eb1 j2 n\"/p/002.jpg\"")
-                    .arg(lens),
-                QStringLiteral("i w900 h600 f0%1 r=2 p=2 y=2 Eev12.5 Er1 Eb1 j=2 "
-                               "n\"a b,#=\u00e9.jpg\"")
-                    .arg(lens),
-            }));
-        QCOMPARE(linesOf(QString::fromUtf8(text), QLatin1Char('v')).join(QLatin1Char(',')),
-            QStringLiteral("v v0,v b0,v y2,v p2,v r2,v"));
-        QCOMPARE(linesOf(QString::fromUtf8(text), QLatin1Char('c')),
-            QStringList(QStringLiteral("c n0 N2 x812.25 y301.5 X-0.5 Y599 t0")));
-        QVERIFY(text.contains("#hugin_outputHDRBlended true\n"));
+        QCOMPARE(linesOf(text, 'i').join(QLatin1Char('\n')),
+            QStringLiteral(
+                "i w900 h600 f0 v73.73979529 a0 b0 c0 d0 e0 g0 t0 Ra0 Rb0 Rc0 Rd0 Re0 Va1 Vb0 Vc0 "
+                "Vd0 Vx0 Vy0 r90 p0 y0 Eev12.5 Er1 Eb1 j0 n\"/p/000.jpg\"\n"
+                "i w900 h600 f0%1 r=0 p=0 y=0 Eev14.5 Er1 Eb1 j=0 n\"/p/001.jpg\"\n"
+                "i w900 h600 f0%1 r0 p0 y30 Eev12.5 Er1 Eb1 j2 n\"/p/002.jpg\"\n"
+                "i w900 h600 f0%1 r=2 p=2 y=2 Eev12.5 Er1 Eb1 j=2 n\"a b,#=\u00e9.jpg\"")
+                .arg(lens));
+        QCOMPARE(variables(text), QStringLiteral("v v0,v b0,v y2,v p2,v r2"));
+        QCOMPARE(linesOf(text, 'v').size(), 6);
+        QCOMPARE(linesOf(text, 'c').join(QLatin1Char('|')),
+            QStringLiteral("c n0 N2 x812.25 y301.5 X-0.5 Y599 t0"));
+        QVERIFY(text.contains(QStringLiteral("#hugin_outputHDRBlended true\n")));
     }
 
     void stackPointsLeaveEveryPictureFree()
@@ -177,11 +181,8 @@ private slots:
         record.stackLinking = 1;
         const QString text = project(record, tableOf(record, facts({900, 600}, 0)));
         QCOMPARE(values(text, {"y", "p", "j"}),
-            (QStringList{QStringLiteral("0 0 0"), QStringLiteral("0 0 =0"),
-                QStringLiteral("0 0 =0"), QStringLiteral("30 0 3"), QStringLiteral("30 0 =3"),
-                QStringLiteral("30 0 =3")}));
-        QCOMPARE(linesOf(text, QLatin1Char('v')).filter(QLatin1String(" y")).join(QLatin1Char(',')),
-            QStringLiteral("v y1,v y2,v y3,v y4,v y5"));
+            QStringLiteral("0 0 0|0 0 =0|0 0 =0|30 0 3|30 0 =3|30 0 =3"));
+        QCOMPARE(variables(text, "y"), QStringLiteral("v y1,v y2,v y3,v y4,v y5"));
     }
 
     void oneAnchorAPart()
@@ -189,8 +190,7 @@ private slots:
         ProjectRecord record = recordOf(6, 1, 30);
         record.links = {{2, {4, 2}}, {2, {2, 5}}, {1, {3, 1}}, {3, {1, 7}}, {3, {-1, 0}}};
         const QString text = project(record, tableOf(record, facts({900, 600}, 0)));
-        QCOMPARE(linesOf(text, QLatin1Char('v')).filter(QLatin1String(" r")).join(QLatin1Char(',')),
-            QStringLiteral("v r3,v r4,v r5"));
+        QCOMPARE(variables(text, "r"), QStringLiteral("v r3,v r4,v r5"));
     }
 
     void lenses()
@@ -202,73 +202,55 @@ private slots:
         table[picture(2)].focal = 50;
         table[picture(4)].lensType = 1;
         table[picture(5)].size = {600, 900};
-        const QString text = project(record, table);
-        QCOMPARE(values(text, {"w", "h", "f", "v"}),
-            (QStringList{QStringLiteral("900 600 0 73.73979529"),
-                QStringLiteral("600 900 0 53.13010235"), QStringLiteral("900 600 0 39.59775271"),
-                QStringLiteral("900 600 0 =0"), QStringLiteral("900 600 3 85.94366927"),
-                QStringLiteral("600 900 0 =1")}));
+        QCOMPARE(values(project(record, table), {"w", "h", "f", "v"}),
+            QStringLiteral("900 600 0 73.73979529|600 900 0 53.13010235|900 600 0 39.59775271|"
+                           "900 600 0 =0|900 600 3 85.94366927|600 900 0 =1"));
 
         // A focal length chosen in the import is every picture's, with the lens type chosen there.
         record.focal = 50;
         QCOMPARE(values(project(record, table), {"f", "v"}),
-            (QStringList{QStringLiteral("0 39.59775271"), QStringLiteral("0 26.99146656"),
-                QStringLiteral("0 =0"), QStringLiteral("0 =0"), QStringLiteral("0 =0"),
-                QStringLiteral("0 =1")}));
+            QStringLiteral("0 39.59775271|0 26.99146656|0 =0|0 =0|0 =0|0 =1"));
     }
 
     void rolls_data()
     {
-        QTest::addColumn<int>("orientation");
-        QTest::addColumn<float>("roll");
-        QTest::addColumn<QString>("expected");
-        QTest::newRow("none") << 1 << 0.0F << QStringLiteral("0");
-        QTest::newRow("tag 6") << 6 << 0.0F << QStringLiteral("90");
-        QTest::newRow("tag 8 and a press") << 8 << 90.0F << QStringLiteral("0");
-        QTest::newRow("tag 3 and a press back") << 3 << -90.0F << QStringLiteral("90");
-        QTest::newRow("many presses") << 6 << 810.0F << QStringLiteral("180");
+        const Table<int, float, double> row("orientation", "roll", "expected");
+        row("tag 6", 6, 0.0F, 90);
+        row("tag 8 and a press", 8, 90.0F, 0);
+        row("tag 3 and a press back", 3, -90.0F, 90);
+        row("many presses", 6, 810.0F, 180);
     }
     void rolls()
     {
         QFETCH(int, orientation);
         QFETCH(float, roll);
+        QFETCH(double, expected);
         ProjectRecord record = recordOf(1, 1, 0);
         record.rolls = {geometry::toRadians(roll)};
         const QString text = project(record, tableOf(record, facts({900, 600}, 0, 0, orientation)));
         // The angle is a 32-bit one in radians: up to 810 degrees it is good to 1e-4.
-        const double found = value(linesOf(text, QLatin1Char('i')).value(0), "r").toDouble();
-        QFETCH(QString, expected);
-        QVERIFY2(
-            qAbs(std::remainder(found - expected.toDouble(), 360.0)) < 1e-3, qUtf8Printable(text));
+        const double found = values(text, {"r"}).toDouble();
+        QVERIFY2(qAbs(std::remainder(found - expected, 360)) < 1e-3, qUtf8Printable(text));
     }
 
     void grids_data()
     {
-        QTest::addColumn<int>("mode");
-        QTest::addColumn<bool>("fullTurn");
-        QTest::addColumn<int>("orientation");
-        QTest::addColumn<QString>("places");
-
+        const Table<int, bool, int, QString> row("mode", "fullTurn", "orientation", "places");
         // 36 mm make 900 pixels here: 53.1301 degrees across and 36.8699 down, half of it a step.
-        const QString right = QStringLiteral("26.5651");
-        const QString half = QStringLiteral("9.2175");
-        const auto places = [&](const char *pattern) {
+        const auto places = [](const char *pattern) {
             return QString::fromLatin1(pattern)
-                .replace(QLatin1Char('X'), right)
-                .replace(QLatin1Char('Y'), half);
+                .replace(QLatin1Char('X'), QLatin1String("26.5651"))
+                .replace(QLatin1Char('Y'), QLatin1String("9.2175"));
         };
-        QTest::newRow("columns") << 0 << false << 1 << places("-X Y/-X -Y/0 Y/0 -Y/X Y/X -Y");
-        QTest::newRow("rows downward") << 1 << false << 1 << places("-X Y/0 Y/X Y/-X -Y/0 -Y/X -Y");
-        QTest::newRow("rows upward") << 2 << false << 1 << places("-X -Y/0 -Y/X -Y/-X Y/0 Y/X Y");
-        QTest::newRow("columns to the left")
-            << 3 << false << 1 << places("X Y/X -Y/0 Y/0 -Y/-X Y/-X -Y");
-        QTest::newRow("serpentine") << 4 << false << 1 << places("-X -Y/0 -Y/X -Y/X Y/0 Y/-X Y");
-        QTest::newRow("full turn")
-            << 1 << true << 1 << places("-120 Y/0 Y/120 Y/-120 -Y/0 -Y/120 -Y");
-        QTest::newRow("upright by tag")
-            << 1 << false << 6
-            << QStringLiteral("-18.4349 13.2825/0 13.2825/18.4349 13.2825/"
-                              "-18.4349 -13.2825/0 -13.2825/18.4349 -13.2825");
+        row("columns", 0, false, 1, places("-X Y|-X -Y|0 Y|0 -Y|X Y|X -Y"));
+        row("rows downward", 1, false, 1, places("-X Y|0 Y|X Y|-X -Y|0 -Y|X -Y"));
+        row("rows upward", 2, false, 1, places("-X -Y|0 -Y|X -Y|-X Y|0 Y|X Y"));
+        row("columns to the left", 3, false, 1, places("X Y|X -Y|0 Y|0 -Y|-X Y|-X -Y"));
+        row("serpentine", 4, false, 1, places("-X -Y|0 -Y|X -Y|X Y|0 Y|-X Y"));
+        row("full turn", 1, true, 1, places("-120 Y|0 Y|120 Y|-120 -Y|0 -Y|120 -Y"));
+        row("upright by tag", 1, false, 6,
+            "-18.4349 13.2825|0 13.2825|18.4349 13.2825|"
+            "-18.4349 -13.2825|0 -13.2825|18.4349 -13.2825");
     }
     void grids()
     {
@@ -285,54 +267,40 @@ private slots:
         record.overlap = 50;
         const QString text
             = project(record, tableOf(record, facts({900, 600}, 36, 0, orientation)));
-        QTEST(values(text, {"y", "p"}).join(QLatin1Char('/')), "places");
+        QTEST(values(text, {"y", "p"}), "places");
     }
 
     void outputExposure_data()
     {
-        QTest::addColumn<int>("outputType");
-        QTest::addColumn<QString>("expected");
-        QTest::newRow("middle exposure") << 0 << QStringLiteral("12");
-        QTest::newRow("the import's reference") << 2 << QStringLiteral("14");
+        const Table<int, QVector<double>, QString, QString> row(
+            "outputType", "exposures", "output", "pictures");
+        const QVector<double> all{14, 12, 10, 14.5, 10.5, 12.5, 11, 2, 3};
+        const QString same = QStringLiteral("14|12|10|14.5|10.5|12.5|11|2|3");
+        row("middle exposure", 0, all, "12", same);
+        row("the import's reference", 2, all, "14", same);
+        // Left out of the middle, and as bright as the output: it would be rendered black as 0.
+        row("unknown exposures", 0, {0, 0, 0, 12, 12, 12, 0, 0, 0}, "12",
+            "12|12|12|12|12|12|12|12|12");
     }
     void outputExposure()
     {
         QFETCH(int, outputType);
+        QFETCH(QVector<double>, exposures);
         ProjectRecord record = recordOf(3, 3, 30);
         record.outputType = outputType;
         PictureTable table;
-        const double values[] = {14, 12, 10, 14.5, 10.5, 12.5, 11, 2, 3};
-        for (int i = 0; i < 9; ++i)
-            table.insert(picture(i), facts({900, 600}, 0, values[i]));
-        QTEST(value(linesOf(project(record, table), QLatin1Char('p')).value(0), "E"), "expected");
-    }
-
-    void unknownExposure()
-    {
-        // Left out of the middle, and as bright as the output: it would be rendered black as 0.
-        const ProjectRecord record = recordOf(3, 1, 30);
-        PictureTable table;
-        const double values[] = {0, 12, 0};
-        for (int i = 0; i < 3; ++i)
-            table.insert(picture(i), facts({900, 600}, 0, values[i]));
+        for (int i = 0; i < exposures.size(); ++i)
+            table.insert(picture(i), facts({900, 600}, 0, exposures[i]));
         const QString text = project(record, table);
-        QCOMPARE(value(linesOf(text, QLatin1Char('p')).value(0), "E"), QStringLiteral("12"));
-        for (const QString &line : linesOf(text, QLatin1Char('i')))
-            QCOMPARE(value(line, "Eev"), QStringLiteral("12"));
+        QTEST(value(linesOf(text, 'p').value(0), "E"), "output");
+        QTEST(values(text, {"Eev"}), "pictures");
     }
 
     void refused_data()
     {
-        QTest::addColumn<ProjectRecord>("record");
-        QTest::addColumn<PictureFacts>("picture");
-        QTest::addColumn<QString>("cause");
-
+        const Table<ProjectRecord, PictureFacts, QString> row("record", "picture", "cause");
         const ProjectRecord good = recordOf(2, 1, 30);
         const PictureFacts readable = facts({900, 600}, 24);
-        const auto row = [](const char *name, const ProjectRecord &record,
-                             const PictureFacts &facts, const char *cause) {
-            QTest::newRow(name) << record << facts << QString::fromLatin1(cause);
-        };
         ProjectRecord record = good;
         record.groups[1][0] = QStringLiteral("/p/\".jpg");
         row("quotation mark", record, readable, "/p/\".jpg: a project cannot name");
@@ -382,49 +350,46 @@ private slots:
 
     void toolsAgree_data()
     {
-        QTest::addColumn<ProjectRecord>("record");
-        QTest::addColumn<PictureFacts>("picture");
         // Whether the canvas is cut to what the pictures cover.
-        QTest::addColumn<bool>("cropped");
-
+        const Table<ProjectRecord, PictureFacts, bool> row("record", "picture", "cropped");
         const PictureFacts plain = facts({900, 600}, 24, 12.64);
-        QTest::newRow("one picture") << recordOf(1, 1, 0) << plain << true;
-        QTest::newRow("part of a turn") << recordOf(4, 1, 25) << plain << true;
-        QTest::newRow("part of a turn, portrait by tag")
-            << recordOf(4, 1, 25) << facts({900, 600}, 24, 12.64, 6) << true;
-        QTest::newRow("across the seam") << recordOf(6, 1, 30) << plain << false;
-        QTest::newRow("full turn of stacks") << recordOf(12, 3, 30) << plain << false;
+        row("one picture", recordOf(1, 1, 0), plain, true);
+        row("part of a turn", recordOf(4, 1, 25), plain, true);
+        row("part of a turn, portrait by tag", recordOf(4, 1, 25), facts({900, 600}, 24, 12.64, 6),
+            true);
+        row("across the seam", recordOf(6, 1, 30), plain, false);
+        row("full turn of stacks", recordOf(12, 3, 30), plain, false);
 
         ProjectRecord record = recordOf(9, 1, 40);
         for (int i = 0; i < 9; ++i)
             record.pitches[i] = geometry::toRadians(static_cast<float>(i % 3) * 60 - 60);
-        QTest::newRow("sphere") << record << plain << false;
+        row("sphere", record, plain, false);
         record.lensType = 1;
         record.focal = 8;
-        QTest::newRow("sphere, fisheye") << record << plain << false;
+        row("sphere, fisheye", record, plain, false);
         record = recordOf(2, 1, 30);
         record.lensType = 1;
         record.focal = 16;
         record.rolls = {0.5F, -2.0F};
-        QTest::newRow("fisheye, rolled") << record << plain << true;
+        row("fisheye, rolled", record, plain, true);
         record = recordOf(2, 2, 30);
         record.stackLinking = 1;
         record.pitches = {0.7F, 0, -0.4F, 0};
         record.focal = 35;
         record.rolls = {0.3F, 0, 1.9F, 0};
-        QTest::newRow("pitched and rolled, points in stacks") << record << plain << true;
+        row("pitched and rolled, points in stacks", record, plain, true);
         record = recordOf(1, 1, 0);
         record.focal = 10000;
-        QTest::newRow("a telescope") << record << facts({9000, 6000}, 0) << true;
+        row("a telescope", record, facts({9000, 6000}, 0), true);
         record.focal = 1;
-        QTest::newRow("1 mm") << record << plain << false;
+        row("1 mm", record, plain, false);
         record = recordOf(12, 1, 0);
         record.yaws.clear();
         record.layoutRows = 3;
         record.layoutMode = 4;
         record.overlap = 40;
         record.focal = 0;
-        QTest::newRow("grid") << record << facts({900, 600}, 100) << true;
+        row("grid", record, facts({900, 600}, 100), true);
     }
     void toolsAgree()
     {
@@ -437,12 +402,12 @@ private slots:
 
         const Output check = run("checkpto", {path});
         QVERIFY2(check.exitCode >= 0 && check.exitCode != 255, qUtf8Printable(check.text));
-        QVERIFY2(check.text.contains(
-                     QStringLiteral("\n%1 images\n").arg(linesOf(text, QLatin1Char('i')).size())),
+        QVERIFY2(
+            check.text.contains(QStringLiteral("\n%1 images\n").arg(linesOf(text, 'i').size())),
             qUtf8Printable(check.text));
 
         // The canvas against what the tools themselves make of the borders.
-        const QString canvasLine = linesOf(text, QLatin1Char('p')).value(0);
+        const QString canvasLine = linesOf(text, 'p').value(0);
         const QSize canvas(value(canvasLine, "w").toInt(), value(canvasLine, "h").toInt());
         const QStringList crop = value(canvasLine, "S").split(QLatin1Char(','));
         QCOMPARE(crop.size() == 4, cropped);
@@ -457,7 +422,7 @@ private slots:
                 + y + '\n' + QByteArray::number(picture.size.width()) + ' ' + y + '\n';
         }
         QRectF found;
-        for (int i = 0; i < linesOf(text, QLatin1Char('i')).size(); ++i) {
+        for (int i = 0; i < linesOf(text, 'i').size(); ++i) {
             const Output trafo = run("pano_trafo", {path, QString::number(i)}, border);
             QCOMPARE(trafo.exitCode, 0);
             for (const QString &line : trafo.text.split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
@@ -473,13 +438,9 @@ private slots:
             && (!cropped
                 || (close(found.top(), expected.top())
                     && close(found.bottom(), expected.bottom())));
-        QVERIFY2(agree,
-            qPrintable(QStringLiteral("%1\nfound %2 to %3, %4 to %5")
-                           .arg(canvasLine)
-                           .arg(found.left())
-                           .arg(found.right())
-                           .arg(found.top())
-                           .arg(found.bottom())));
+        QString report;
+        QDebug(&report) << canvasLine << "found" << found << "expected" << expected;
+        QVERIFY2(agree, qPrintable(report));
     }
 
 private:

@@ -3,9 +3,9 @@
 
 #include "align/RecordJson.h"
 #include "tests/support/RecordDump.h"
+#include "tests/support/Table.h"
 
 #include <QDir>
-#include <QTest>
 #include <limits>
 
 class tst_RecordJson : public QObject {
@@ -86,12 +86,7 @@ private slots:
 
     void refused_data()
     {
-        QTest::addColumn<QByteArray>("json");
-        QTest::addColumn<QString>("cause");
-
-        const auto row = [](const char *name, const char *json, const char *cause) {
-            QTest::newRow(name) << QByteArray(json) << QString::fromLatin1(cause);
-        };
+        const Table<QByteArray, QString> row("json", "cause");
         row("empty", "", "at byte");
         row("cut short", "{\"groups\": [[\"a\"", "at byte");
         row("an array", "[]", "no record");
