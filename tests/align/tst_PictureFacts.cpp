@@ -3,49 +3,40 @@
 
 #include "align/PictureFacts.h"
 #include "tests/align/TestPicture.h"
+#include "tests/support/Table.h"
 
 #include <QDataStream>
 #include <QDir>
 #include <QLoggingCategory>
 #include <QPainter>
 #include <QTemporaryDir>
-#include <QTest>
 #include <atomic>
-#include <cmath>
 #include <sys/stat.h>
 #include <thread>
 #include <vector>
-
-Q_DECLARE_METATYPE(Tags)
 
 namespace {
 
 /// A TIFF as raw files are built: tags, and a JPEG preview instead of pixels that Qt could read.
 QByteArray rawFile(const QByteArray &preview, const QSize &size)
 {
-    struct Entry {
-        quint16 tag, type;
-        quint32 value;
-    };
     constexpr quint16 kShort = 3;
     constexpr quint16 kLong = 4;
-    constexpr int kEntries = 6;
-    const quint32 previewOffset = 8 + 2 + 12 * kEntries + 4;
-    const Entry entries[kEntries] = {
-        {0x0100, kLong, quint32(size.width())},
-        {0x0101, kLong, quint32(size.height())},
-        {0x0103, kShort, 6},
-        {0x0112, kShort, 8},
-        {0x0201, kLong, previewOffset},
-        {0x0202, kLong, quint32(preview.size())},
-    };
+    constexpr quint16 kEntries = 6;
     QByteArray bytes;
     QDataStream stream(&bytes, QIODevice::WriteOnly);
     stream.setByteOrder(QDataStream::LittleEndian);
+    const auto entry = [&stream](quint16 tag, quint16 type, int value) {
+        stream << tag << type << quint32(1) << quint32(value);
+    };
     stream.writeRawData("II*\0", 4);
-    stream << quint32(8) << quint16(kEntries);
-    for (const Entry &entry : entries)
-        stream << entry.tag << entry.type << quint32(1) << entry.value;
+    stream << quint32(8) << kEntries;
+    entry(0x0100, kLong, size.width());
+    entry(0x0101, kLong, size.height());
+    entry(0x0103, kShort, 6);
+    entry(0x0112, kShort, 8);
+    entry(0x0201, kLong, 8 + 2 + 12 * kEntries + 4);
+    entry(0x0202, kLong, preview.size());
     stream << quint32(0);
     stream.writeRawData(preview.constData(), preview.size());
     return bytes;
@@ -84,6 +75,18 @@ QByteArray quarters(const QImage &image)
 class tst_PictureFacts : public QObject {
     Q_OBJECT
 
+private:
+    QString at(const Text &name) const { return m_folder.filePath(name); }
+
+    /// A picture with tags and a thumbnail.
+    QByteArray wholePicture() const
+    {
+        writeJpeg(at("whole.jpg"), flag({40, 30}),
+            {{"Exif.Photo.FocalLengthIn35mmFilm", "24"}, {"Exif.Photo.ExposureTime", "1/100"}},
+            jpegBytes(flag({16, 12})));
+        return fileContent(at("whole.jpg"));
+    }
+
 private slots:
     void initTestCase()
     {
@@ -93,81 +96,68 @@ private slots:
 
     void tags_data()
     {
-        QTest::addColumn<Tags>("tags");
-        QTest::addColumn<float>("focal");
-        QTest::addColumn<int>("lensType");
-        QTest::addColumn<double>("exposureValue");
-        QTest::addColumn<int>("turn");
-
-        QTest::newRow("no tags") << Tags{} << 0.0F << 0 << 0.0 << 0;
-        QTest::newRow("everything") << Tags{{"Exif.Photo.FocalLengthIn35mmFilm", "24"},
-            {"Exif.Photo.FocalLength", "16/1"}, {"Exif.Photo.ExposureTime", "1/100"},
-            {"Exif.Photo.FNumber", "8/1"}, {"Exif.Photo.ISOSpeedRatings", "100"},
-            {"Exif.Image.Orientation", "6"}, {"Exif.Photo.LensModel", "8mm F3.5 FISH-EYE"}}
-                                    << 24.0F << 1 << std::log2(6400.0) << 90;
+        // What is told: focal length, lens type, exposure value and turn.
+        const Table<QString, QString> row("tags", "told");
+        row("no tags", "", "0 0 0 0");
+        row("everything",
+            "Photo.FocalLengthIn35mmFilm=24;Photo.FocalLength=16/1;Photo.ExposureTime=1/100;"
+            "Photo.FNumber=8/1;Photo.ISOSpeedRatings=100;Image.Orientation=6;"
+            "Photo.LensModel=8mm F3.5 FISH-EYE",
+            "24 1 12.6438562 90");
 
         // 22.5 x 15 mm: 3600 x 2400 pixels at 160 a millimetre, stated a centimetre, an inch...
-        const Tags sensor{{"Exif.Photo.FocalLength", "10/1"},
-            {"Exif.Photo.PixelXDimension", "3600"}, {"Exif.Photo.PixelYDimension", "2400"}};
-        const auto with = [&sensor](Tags more) {
-            more.insert(more.end(), sensor.begin(), sensor.end());
-            return more;
+        const QString sensor = QStringLiteral(
+            "Photo.FocalLength=10/1;Photo.PixelXDimension=3600;Photo.PixelYDimension=2400;");
+        const auto crop = [&](const char *name, const char *more, const char *told) {
+            row(name, sensor + QLatin1String(more), told);
         };
-        QTest::newRow("crop, centimetres") << with({{"Exif.Photo.FocalPlaneXResolution", "1600/1"},
-            {"Exif.Photo.FocalPlaneYResolution", "1600/1"},
-            {"Exif.Photo.FocalPlaneResolutionUnit", "3"}})
-                                           << 16.0F << 0 << 0.0 << 0;
-        QTest::newRow("crop, inches by default, no vertical resolution")
-            << with({{"Exif.Photo.FocalPlaneXResolution", "4064/1"}}) << 16.0F << 0 << 0.0 << 0;
-        QTest::newRow("crop, tags in the first directory")
-            << with({{"Exif.Image.FocalPlaneXResolution", "160/1"},
-                   {"Exif.Image.FocalPlaneResolutionUnit", "4"}})
-            << 16.0F << 0 << 0.0 << 0;
-        QTest::newRow("crop that no sensor has")
-            << with({{"Exif.Photo.FocalPlaneXResolution", "1/1"}}) << 0.0F << 0 << 0.0 << 0;
-        QTest::newRow("film focal 0 is unknown") << with({{"Exif.Photo.FocalLengthIn35mmFilm", "0"},
-            {"Exif.Photo.FocalPlaneXResolution", "4064/1"}})
-                                                 << 16.0F << 0 << 0.0 << 0;
-        QTest::newRow("focal without a sensor") << sensor << 0.0F << 0 << 0.0 << 0;
-        QTest::newRow("divided by zero")
-            << Tags{{"Exif.Photo.FocalLength", "10/0"}, {"Exif.Photo.FNumber", "0/0"},
-                   {"Exif.Photo.FocalPlaneXResolution", "0/0"}, {"Exif.Photo.ExposureTime", "1/0"}}
-            << 0.0F << 0 << 0.0 << 0;
+        crop("crop, centimetres",
+            "Photo.FocalPlaneXResolution=1600/1;Photo.FocalPlaneYResolution=1600/1;"
+            "Photo.FocalPlaneResolutionUnit=3",
+            "16 0 0 0");
+        crop("crop, inches by default, no vertical resolution",
+            "Photo.FocalPlaneXResolution=4064/1", "16 0 0 0");
+        crop("crop, tags in the first directory",
+            "Image.FocalPlaneXResolution=160/1;Image.FocalPlaneResolutionUnit=4", "16 0 0 0");
+        crop("crop that no sensor has", "Photo.FocalPlaneXResolution=1/1", "0 0 0 0");
+        crop("film focal 0 is unknown",
+            "Photo.FocalLengthIn35mmFilm=0;Photo.FocalPlaneXResolution=4064/1", "16 0 0 0");
+        crop("focal without a sensor", "", "0 0 0 0");
+        row("divided by zero",
+            "Photo.FocalLength=10/0;Photo.FNumber=0/0;Photo.FocalPlaneXResolution=0/0;"
+            "Photo.ExposureTime=1/0",
+            "0 0 0 0");
 
-        QTest::newRow("apex values") << Tags{{"Exif.Photo.ShutterSpeedValue", "6/1"},
-            {"Exif.Photo.ApertureValue", "3/1"}, {"Exif.Photo.ISOSpeedRatings", "200"}}
-                                     << 0.0F << 0 << 8.0 << 0;
-        QTest::newRow("manual lens: no aperture")
-            << Tags{{"Exif.Photo.ExposureTime", "1/64"}, {"Exif.Photo.FNumber", "0/1"}} << 0.0F << 0
-            << 6.0 << 0;
-        QTest::newRow("only an aperture")
-            << Tags{{"Exif.Photo.FNumber", "8/1"}} << 0.0F << 0 << 0.0 << 0;
-        QTest::newRow("absurd shutter speed")
-            << Tags{{"Exif.Photo.ShutterSpeedValue", "2147483647/1"}} << 0.0F << 0 << 0.0 << 0;
-
-        QTest::newRow("upside down")
-            << Tags{{"Exif.Image.Orientation", "3"}} << 0.0F << 0 << 0.0 << 180;
-        QTest::newRow("head left")
-            << Tags{{"Exif.Image.Orientation", "8"}} << 0.0F << 0 << 0.0 << -90;
-        QTest::newRow("no orientation")
-            << Tags{{"Exif.Image.Orientation", "9"}} << 0.0F << 0 << 0.0 << 0;
-        QTest::newRow("a lens that is none")
-            << Tags{{"Exif.Photo.LensModel", "EF24-70mm"}} << 0.0F << 0 << 0.0 << 0;
+        row("apex values",
+            "Photo.ShutterSpeedValue=6/1;Photo.ApertureValue=3/1;Photo.ISOSpeedRatings=200",
+            "0 0 8 0");
+        row("manual lens: no aperture", "Photo.ExposureTime=1/64;Photo.FNumber=0/1", "0 0 6 0");
+        row("only an aperture", "Photo.FNumber=8/1", "0 0 0 0");
+        row("absurd shutter speed", "Photo.ShutterSpeedValue=2147483647/1", "0 0 0 0");
+        row("upside down", "Image.Orientation=3", "0 0 0 180");
+        row("head left", "Image.Orientation=8", "0 0 0 -90");
+        row("no orientation", "Image.Orientation=9", "0 0 0 0");
+        row("a lens that is none", "Photo.LensModel=EF24-70mm", "0 0 0 0");
     }
     void tags()
     {
-        QFETCH(Tags, tags);
-        const QString path = m_folder.filePath(QStringLiteral("tags.jpg"));
-        writeJpeg(path, QSize(30, 20), tags);
+        QFETCH(QString, tags);
+        Tags list;
+        for (const QString &tag : tags.split(QLatin1Char(';'), Qt::SkipEmptyParts))
+            list.emplace_back("Exif." + tag.section(QLatin1Char('='), 0, 0).toStdString(),
+                tag.section(QLatin1Char('='), 1).toStdString());
+        writeJpeg(at("tags.jpg"), QSize(30, 20), list);
 
-        const PictureFacts facts = readPictureFacts(path, Thumbnail::Skip);
+        const PictureFacts facts = readPictureFacts(at("tags.jpg"), Thumbnail::Skip);
 
         QVERIFY2(facts.readable, qUtf8Printable(facts.reason));
         QCOMPARE(facts.size, QSize(30, 20));
-        QTEST(facts.focal, "focal");
-        QTEST(facts.lensType, "lensType");
-        QTEST(facts.exposureValue, "exposureValue");
-        QTEST(facts.uprightTurn(), "turn");
+        QTEST(QStringLiteral("%1 %2 %3 %4")
+                  .arg(double(facts.focal))
+                  .arg(facts.lensType)
+                  .arg(facts.exposureValue, 0, 'g', 9)
+                  .arg(facts.uprightTurn()),
+            "told");
         QVERIFY(facts.thumbnail.isEmpty());
     }
 
@@ -175,35 +165,25 @@ private slots:
     {
         QVector<float> brightness;
         for (const char *time : {"1/400", "1/100", "1/25", "1/25"}) {
-            const QString path = m_folder.filePath(QStringLiteral("bracket.jpg"));
-            writeJpeg(path, QSize(8, 8),
+            writeJpeg(at("bracket.jpg"), QSize(8, 8),
                 {{"Exif.Photo.ExposureTime", time}, {"Exif.Photo.FNumber", "56/10"}});
-            brightness.append(readPictureFacts(path, Thumbnail::Skip).brightness());
+            brightness.append(readPictureFacts(at("bracket.jpg"), Thumbnail::Skip).brightness());
         }
-        QVERIFY(brightness[0] < brightness[1]);
-        QVERIFY(brightness[1] < brightness[2]);
-        QVERIFY(brightness[2] == brightness[3]);
+        QVERIFY(brightness[0] < brightness[1] && brightness[1] < brightness[2]);
+        QCOMPARE(brightness[2], brightness[3]);
     }
 
     void unreadable_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("reason");
-
+        const Table<QString, QString> row("name", "reason");
         QDir(m_folder.path()).mkdir(QStringLiteral("folder.jpg"));
-        writeFile(m_folder.filePath(QStringLiteral("empty.jpg")), {});
-        writeFile(m_folder.filePath(QStringLiteral("text.jpg")), "These are only words.");
-        writeFile(m_folder.filePath(QStringLiteral("zeros.tif")), QByteArray(5000, '\0'));
-        writeFile(m_folder.filePath(QStringLiteral("tags only.jpg")), "\xFF\xD8\xFF\xD9");
-        writeFile(m_folder.filePath(QStringLiteral("xmp.jpg")),
-            "<?xpacket?><x:xmpmeta xmlns:x='adobe:ns:meta/'/>");
-        QFile::link(QStringLiteral("nowhere"), m_folder.filePath(QStringLiteral("link.jpg")));
-        ::mkfifo(
-            QFile::encodeName(m_folder.filePath(QStringLiteral("pipe.jpg"))).constData(), 0600);
-
-        const auto row = [](const char *name, const char *reason) {
-            QTest::newRow(name) << QString::fromLatin1(name) << QString::fromLatin1(reason);
-        };
+        writeFile(at("empty.jpg"), {});
+        writeFile(at("text.jpg"), "These are only words.");
+        writeFile(at("zeros.tif"), QByteArray(5000, '\0'));
+        writeFile(at("tags only.jpg"), "\xFF\xD8\xFF\xD9");
+        writeFile(at("xmp.jpg"), "<?xpacket?><x:xmpmeta xmlns:x='adobe:ns:meta/'/>");
+        QFile::link(QStringLiteral("nowhere"), at("link.jpg"));
+        ::mkfifo(QFile::encodeName(at("pipe.jpg")).constData(), 0600);
         row("missing.jpg", "no such file");
         row("folder.jpg", "is a folder");
         row("empty.jpg", "is empty");
@@ -224,11 +204,8 @@ private slots:
 
     void cutAnywhere()
     {
-        const QString whole = m_folder.filePath(QStringLiteral("whole.jpg"));
-        writeJpeg(whole, flag({40, 30}), {{"Exif.Photo.FocalLengthIn35mmFilm", "24"}},
-            jpegBytes(flag({16, 12})));
-        const QByteArray bytes = fileContent(whole);
-        const QString cut = m_folder.filePath(QStringLiteral("cut.jpg"));
+        const QByteArray bytes = wholePicture();
+        const QString cut = at("cut.jpg");
         for (int length = 0; length < bytes.size(); ++length) {
             writeFile(cut, bytes.left(length));
             const PictureFacts facts = readPictureFacts(cut, Thumbnail::Make);
@@ -242,12 +219,8 @@ private slots:
 
     void damagedAnywhere()
     {
-        const QString whole = m_folder.filePath(QStringLiteral("whole.jpg"));
-        writeJpeg(whole, flag({40, 30}),
-            {{"Exif.Photo.FocalLengthIn35mmFilm", "24"}, {"Exif.Photo.ExposureTime", "1/100"}},
-            jpegBytes(flag({16, 12})));
-        const QByteArray bytes = fileContent(whole);
-        const QString damaged = m_folder.filePath(QStringLiteral("damaged.jpg"));
+        const QByteArray bytes = wholePicture();
+        const QString damaged = at("damaged.jpg");
         for (int place = 0; place < bytes.size(); ++place) {
             QByteArray changed = bytes;
             changed[place] = static_cast<char>(changed[place] ^ 0xFF);
@@ -261,38 +234,21 @@ private slots:
 
     void thumbnails_data()
     {
-        QTest::addColumn<QSize>("size");
-        QTest::addColumn<QImage>("embedded");
-        QTest::addColumn<QString>("orientation");
-        QTest::addColumn<QSize>("upright");
-        QTest::addColumn<QByteArray>("colours");
-
-        QTest::newRow("embedded") << QSize(400, 300) << flag({160, 120}) << QString()
-                                  << QSize(160, 120) << QByteArray("rbgg");
-        QTest::newRow("embedded, quarter turn")
-            << QSize(400, 300) << flag({160, 120}) << QStringLiteral("6") << QSize(120, 160)
-            << QByteArray("grgb");
-        QTest::newRow("embedded, upside down")
-            << QSize(400, 300) << flag({160, 120}) << QStringLiteral("3") << QSize(160, 120)
-            << QByteArray("ggbr");
-        QTest::newRow("embedded, mirrored")
-            << QSize(400, 300) << flag({160, 120}) << QStringLiteral("2") << QSize(160, 120)
-            << QByteArray("brgg");
-        QTest::newRow("embedded, mirrored about the diagonal")
-            << QSize(400, 300) << flag({160, 120}) << QStringLiteral("5") << QSize(120, 160)
-            << QByteArray("rgbg");
+        const Table<QSize, QImage, QString, QSize, QByteArray> row(
+            "size", "embedded", "orientation", "upright", "colours");
+        const QImage small = flag({160, 120});
+        row("embedded", {400, 300}, small, "", {160, 120}, "rbgg");
+        row("embedded, quarter turn", {400, 300}, small, "6", {120, 160}, "grgb");
+        row("embedded, upside down", {400, 300}, small, "3", {160, 120}, "ggbr");
+        row("embedded, mirrored", {400, 300}, small, "2", {160, 120}, "brgg");
+        row("embedded, mirrored about the diagonal", {400, 300}, small, "5", {120, 160}, "rgbg");
         QImage barred = plainImage({160, 120}, Qt::black);
         QPainter(&barred).drawImage(0, 7, flag({160, 106}));
-        QTest::newRow("black bars")
-            << QSize(600, 400) << barred << QString() << QSize(160, 106) << QByteArray("rbgg");
-        QTest::newRow("embedded, too large") << QSize(800, 600) << flag({640, 480}) << QString()
-                                             << QSize(192, 144) << QByteArray("rbgg");
-        QTest::newRow("none") << QSize(400, 300) << QImage() << QStringLiteral("8")
-                              << QSize(144, 192) << QByteArray("bgrg");
-        QTest::newRow("none, smaller than a thumbnail")
-            << QSize(40, 30) << QImage() << QString() << QSize(40, 30) << QByteArray("rbgg");
-        QTest::newRow("none, a strip")
-            << QSize(5000, 4) << QImage() << QString() << QSize(192, 1) << QByteArray();
+        row("black bars", {600, 400}, barred, "", {160, 106}, "rbgg");
+        row("embedded, too large", {800, 600}, flag({640, 480}), "", {192, 144}, "rbgg");
+        row("none", {400, 300}, {}, "8", {144, 192}, "bgrg");
+        row("none, smaller than a thumbnail", {40, 30}, {}, "", {40, 30}, "rbgg");
+        row("none, a strip", {5000, 4}, {}, "", {192, 1}, "");
     }
     void thumbnails()
     {
@@ -300,7 +256,7 @@ private slots:
         QFETCH(QImage, embedded);
         QFETCH(QString, orientation);
         QFETCH(QByteArray, colours);
-        const QString path = m_folder.filePath(QStringLiteral("thumb.jpg"));
+        const QString path = at("thumb.jpg");
         Tags tags;
         if (!orientation.isEmpty())
             tags.emplace_back("Exif.Image.Orientation", orientation.toStdString());
@@ -315,7 +271,7 @@ private slots:
 
     void rawByItsPreview()
     {
-        const QString path = m_folder.filePath(QStringLiteral("a.nef"));
+        const QString path = at("a.nef");
         writeFile(path, rawFile(jpegBytes(flag({640, 480})), {6000, 4500}));
 
         const PictureFacts facts = readPictureFacts(path, Thumbnail::Make);
@@ -328,7 +284,7 @@ private slots:
 
     void otherFormats()
     {
-        const QString path = m_folder.filePath(QStringLiteral("a b.png"));
+        const QString path = at("a b.png");
         QVERIFY(flag({300, 200}).save(path));
         const PictureFacts facts = readPictureFacts(path, Thumbnail::Make);
         QVERIFY(facts.readable);
@@ -344,7 +300,7 @@ private slots:
 
     void besideOtherThreads()
     {
-        const QString path = m_folder.filePath(QStringLiteral("shared.jpg"));
+        const QString path = at("shared.jpg");
         writeJpeg(path, flag({400, 300}), {{"Exif.Photo.FocalLengthIn35mmFilm", "24"}});
         std::atomic<int> right = 0;
         std::vector<std::thread> threads;
