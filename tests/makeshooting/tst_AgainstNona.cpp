@@ -8,12 +8,12 @@
 #include "apps/makeshooting/Rendering.h"
 #include "apps/makeshooting/Studio.h"
 #include "apps/makeshooting/Truth.h"
+#include "tests/support/Table.h"
 
 #include <QDir>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTemporaryDir>
-#include <QtTest>
 #include <array>
 #include <cmath>
 
@@ -161,69 +161,53 @@ class TstAgainstNona : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void picturesLieOnTheScene_data();
-    void picturesLieOnTheScene();
-};
-
-void TstAgainstNona::initTestCase()
-{
-    QVERIFY2(!QStandardPaths::findExecutable(QStringLiteral("nona")).isEmpty(),
-        "nona is missing: install hugin-tools");
-}
-
-void TstAgainstNona::picturesLieOnTheScene_data()
-{
-    QTest::addColumn<QString>("arguments");
-    QTest::addColumn<QString>("signs"); // fields that the row must notice when their sign is wrong
-    QTest::newRow("landscape") << "--head-error 4"
-                               << "ypr";
-    QTest::newRow("portrait by tag") << "--portrait tag --head-error 2"
-                                     << "ypr";
-    QTest::newRow("portrait by pixels") << "--portrait pixels --head-error 4"
-                                        << "ypr";
-    QTest::newRow("fisheye") << "--lens fisheye --focal 10 --head-error 4"
-                             << "ypr";
-    QTest::newRow("fisheye, portrait by tag")
-        << "--lens fisheye --focal 11 --portrait tag --distortion 0.03"
-        << "ypb";
-    QTest::newRow("barrel distortion") << "--distortion -0.04 --focal 28"
-                                       << "ypb";
-    QTest::newRow("pincushion distortion, upright") << "--distortion 0.03 --portrait pixels"
-                                                    << "ypb";
-    QTest::newRow("a focal length and a head that lie") << "--focal-error 6 --head-offset 11,-7"
-                                                        << "yp";
-    QTest::newRow("over the zenith and under the nadir") << "--pitch-range -105,98"
-                                                         << "yp";
-    QTest::newRow("long lens") << "--focal 85 --pitch-range 2,9 --yaw-range -100,99"
-                               << "yp";
-    QTest::newRow("odd size") << "--size 301x177 --portrait tag --head-error 1"
-                              << "ypr";
-}
-
-void TstAgainstNona::picturesLieOnTheScene()
-{
-    QFETCH(const QString, arguments);
-    QFETCH(const QString, signs);
-    const QTemporaryDir folder;
-    const CommandLine line = parseCommandLine(QStringLiteral(
-        "makeshooting --rows 2 --columns 2 --full-turn --size 300x200 --output %1 %2")
-                                                  .arg(folder.path(), arguments)
-                                                  .split(QLatin1Char(' ')));
-    QCOMPARE(line.error, QString());
-    const Shooting shooting = planShooting(line.shooting);
-    QCOMPARE(writeShooting(shooting, folder.path(), 0), QString());
-
-    const QByteArray project = truthPto(shooting);
-    const int width = 2 * static_cast<int>(M_PI * shooting.camera.focal);
-    const QImage scene = wholeScene(Scene(shooting.options.scene), width, 0);
-    const Match match = worstMatch(shooting.pictures.size(), project, scene, folder.path());
-    QVERIFY2(fits(match), qPrintable(describe(match)));
-    for (const QChar field : signs) {
-        const Match wrong = worstMatch(1, mirrored(project, field), scene, folder.path());
-        QVERIFY2(!fits(wrong), qPrintable(field + describe(wrong)));
+    void initTestCase()
+    {
+        QVERIFY2(!QStandardPaths::findExecutable(QStringLiteral("nona")).isEmpty(),
+            "nona is missing: install hugin-tools");
     }
-}
+
+    void picturesLieOnTheScene_data()
+    {
+        // The signs are fields that the row must notice when their sign is wrong.
+        const Table<QString, QString> row("arguments", "signs");
+        row("landscape", "--head-error 4", "ypr");
+        row("portrait by tag", "--portrait tag --head-error 2", "ypr");
+        row("portrait by pixels", "--portrait pixels --head-error 4", "ypr");
+        row("fisheye", "--lens fisheye --focal 10 --head-error 4", "ypr");
+        row("fisheye, portrait by tag",
+            "--lens fisheye --focal 11 --portrait tag --distortion 0.03", "ypb");
+        row("barrel distortion", "--distortion -0.04 --focal 28", "ypb");
+        row("pincushion distortion, upright", "--distortion 0.03 --portrait pixels", "ypb");
+        row("a focal length and a head that lie", "--focal-error 6 --head-offset 11,-7", "yp");
+        row("over the zenith and under the nadir", "--pitch-range -105,98", "yp");
+        row("long lens", "--focal 85 --pitch-range 2,9 --yaw-range -100,99", "yp");
+        row("odd size", "--size 301x177 --portrait tag --head-error 1", "ypr");
+    }
+    void picturesLieOnTheScene()
+    {
+        QFETCH(const QString, arguments);
+        QFETCH(const QString, signs);
+        const QTemporaryDir folder;
+        const QString command = QStringLiteral(
+            "makeshooting --rows 2 --columns 2 --full-turn --size 300x200 --output %1 %2");
+        const CommandLine line
+            = parseCommandLine(command.arg(folder.path(), arguments).split(QLatin1Char(' ')));
+        QCOMPARE(line.error, QString());
+        const Shooting shooting = planShooting(line.shooting);
+        QCOMPARE(writeShooting(shooting, folder.path(), 0), QString());
+
+        const QByteArray project = truthPto(shooting);
+        const int width = 2 * static_cast<int>(M_PI * shooting.camera.focal);
+        const QImage scene = wholeScene(Scene(shooting.options.scene), width, 0);
+        const Match match = worstMatch(shooting.pictures.size(), project, scene, folder.path());
+        QVERIFY2(fits(match), qPrintable(describe(match)));
+        for (const QChar field : signs) {
+            const Match wrong = worstMatch(1, mirrored(project, field), scene, folder.path());
+            QVERIFY2(!fits(wrong), qPrintable(field + describe(wrong)));
+        }
+    }
+};
 
 QTEST_GUILESS_MAIN(TstAgainstNona)
 #include "tst_AgainstNona.moc"
