@@ -4,10 +4,10 @@
 #include "stitch/Frame.h"
 #include "stitch/Need.h"
 #include "stitch/Outlines.h"
+#include "tests/support/Table.h"
 
 #include <QImage>
 #include <QTemporaryDir>
-#include <QTest>
 #include <cmath>
 
 namespace {
@@ -34,7 +34,7 @@ PtoProject rows(double firstYaw, double step, int columns, const QVector<double>
 QString told(const Frame &frame)
 {
     static const char *names[] = {"rectilinear", "cylindrical", "equirectangular"};
-    return QStringLiteral("%1 %2 degrees at %3, %4 of the height")
+    return QStringLiteral("%1 %2 degrees at %3, %4 high")
         .arg(QLatin1String(names[int(frame.projection)]))
         .arg(frame.angle)
         .arg(qRound(frame.yaw))
@@ -77,11 +77,7 @@ private slots:
                                     std::abs(300 - std::abs(found->y()))});
                         }
                     }
-                    QVERIFY2(nearest < 0.5,
-                        qPrintable(QStringLiteral("%1 at %2, %3")
-                                       .arg(nearest)
-                                       .arg(part.x())
-                                       .arg(part.y())));
+                    QVERIFY2(nearest < 0.5, qPrintable(QString::number(nearest)));
                 }
                 // Never across the whole picture.
                 for (int k = 1; k < line.size(); ++k)
@@ -134,36 +130,23 @@ private slots:
 
     void usualFrame_data()
     {
-        QTest::addColumn<double>("firstYaw");
-        QTest::addColumn<double>("step");
-        QTest::addColumn<int>("columns");
-        QTest::addColumn<QVector<double>>("pitches");
-        QTest::addColumn<double>("focal");
-        QTest::addColumn<bool>("fisheye");
-        QTest::addColumn<QString>("expected");
-
+        const Table<double, double, int, QVector<double>, double, bool, QString> row(
+            "firstYaw", "step", "columns", "pitches", "focal", "fisheye", "expected");
         // 20 mm on 900 x 600: 84 x 62 degrees; 100 mm: 20 x 14; fisheye of 10 mm: 206 x 138.
-        QTest::newRow("sphere") << 0.0 << 45.0 << 8 << QVector<double>{-60, 0, 60} << 20.0 << false
-                                << "equirectangular 360 degrees at 0, 1.0 of the height";
-        QTest::newRow("ring") << 10.0 << 60.0 << 6 << QVector<double>{0} << 20.0 << false
-                              << "equirectangular 360 degrees at 0, 0.3 of the height";
-        QTest::newRow("ring looking up")
-            << 10.0 << 45.0 << 8 << QVector<double>{60} << 20.0 << false
-            << "equirectangular 360 degrees at 0, 0.4 of the height";
-        QTest::newRow("flat") << -15.0 << 15.0 << 3 << QVector<double>{-5, 5} << 100.0 << false
-                              << "rectilinear 52 degrees at 0, 1.0 of the height";
-        QTest::newRow("flat across 180 degrees")
-            << 150.0 << 15.0 << 4 << QVector<double>{0} << 100.0 << false
-            << "rectilinear 66 degrees at 173, 1.0 of the height";
-        QTest::newRow("wide") << -90.0 << 15.0 << 13 << QVector<double>{0} << 100.0 << false
-                              << "cylindrical 201 degrees at 0, 1.0 of the height";
-        QTest::newRow("wide across 180 degrees")
-            << 90.0 << 15.0 << 13 << QVector<double>{0} << 100.0 << false
-            << "cylindrical 201 degrees at 180, 1.0 of the height";
-        QTest::newRow("high") << -20.0 << 15.0 << 4 << QVector<double>{0, 40, 75} << 40.0 << false
-                              << "equirectangular 360 degrees at 0, 0.6 of the height";
-        QTest::newRow("one fisheye") << 30.0 << 0.0 << 1 << QVector<double>{0} << 10.0 << true
-                                     << "equirectangular 258 degrees at 30, 1.0 of the height";
+        row("sphere", 0, 45, 8, {-60, 0, 60}, 20, false,
+            "equirectangular 360 degrees at 0, 1.0 high");
+        row("ring", 10, 60, 6, {0}, 20, false, "equirectangular 360 degrees at 0, 0.3 high");
+        row("ring looking up", 10, 45, 8, {60}, 20, false,
+            "equirectangular 360 degrees at 0, 0.4 high");
+        row("flat", -15, 15, 3, {-5, 5}, 100, false, "rectilinear 52 degrees at 0, 1.0 high");
+        row("flat across 180 degrees", 150, 15, 4, {0}, 100, false,
+            "rectilinear 66 degrees at 173, 1.0 high");
+        row("wide", -90, 15, 13, {0}, 100, false, "cylindrical 201 degrees at 0, 1.0 high");
+        row("wide across 180 degrees", 90, 15, 13, {0}, 100, false,
+            "cylindrical 201 degrees at 180, 1.0 high");
+        row("high", -20, 15, 4, {0, 40, 75}, 40, false,
+            "equirectangular 360 degrees at 0, 0.6 high");
+        row("one fisheye", 30, 0, 1, {0}, 10, true, "equirectangular 258 degrees at 30, 1.0 high");
     }
     void usualFrame()
     {

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "stitch/Photometry.h"
+#include "tests/support/Table.h"
 
-#include <QTest>
 #include <cmath>
 
 namespace {
@@ -32,30 +32,18 @@ class tst_Photometry : public QObject {
 private slots:
     void judges_data()
     {
-        QTest::addColumn<QByteArray>("errors");
-        QTest::addColumn<QByteArray>("exposures");
-        QTest::addColumn<QByteArray>("vignetting");
-        QTest::addColumn<QString>("expected");
-
+        const Table<QByteArray, QByteArray, QByteArray, QString> row(
+            "errors", "exposures", "vignetting", "expected");
         const QString untouched = QStringLiteral("12/0 12/0 12/0");
-        QTest::newRow("better") << QByteArray("9 5 4") << QByteArray("12 12.6 12.3")
-                                << QByteArray("-0.2") << "11.7/-0.2 12.3/-0.2 12/-0.2";
-        QTest::newRow("hardly better") << QByteArray("4.1 4.05 4.0") << QByteArray("12 12.6 12.3")
-                                       << QByteArray("-0.2") << untouched;
-        QTest::newRow("worse") << QByteArray("4 5") << QByteArray("12 12.6 12.3")
-                               << QByteArray("-0.2") << untouched;
-        QTest::newRow("tells nothing")
-            << QByteArray() << QByteArray("12 12.6 12.3") << QByteArray("-0.2") << untouched;
-        QTest::newRow("not numbers")
-            << QByteArray("9 nan") << QByteArray("12 12.6 12.3") << QByteArray("-0.2") << untouched;
-        QTest::newRow("no camera does that")
-            << QByteArray("9 4") << QByteArray("12 15 12") << QByteArray("-0.2") << untouched;
-        QTest::newRow("no lens does that")
-            << QByteArray("9 4") << QByteArray("12 12 12") << QByteArray("-0.95") << untouched;
-        QTest::newRow("no lens does that either")
-            << QByteArray("9 4") << QByteArray("12 12 12") << QByteArray("0.5") << untouched;
-        QTest::newRow("pictures are missing")
-            << QByteArray("9 4") << QByteArray("12 12.6") << QByteArray("-0.2") << untouched;
+        row("better", "9 5 4", "12 12.6 12.3", "-0.2", "11.7/-0.2 12.3/-0.2 12/-0.2");
+        row("hardly better", "4.1 4.05 4.0", "12 12.6 12.3", "-0.2", untouched);
+        row("worse", "4 5", "12 12.6 12.3", "-0.2", untouched);
+        row("tells nothing", "", "12 12.6 12.3", "-0.2", untouched);
+        row("not numbers", "9 nan", "12 12.6 12.3", "-0.2", untouched);
+        row("no camera does that", "9 4", "12 15 12", "-0.2", untouched);
+        row("no lens does that", "9 4", "12 12 12", "-0.95", untouched);
+        row("no lens does that either", "9 4", "12 12 12", "0.5", untouched);
+        row("pictures are missing", "9 4", "12 12.6", "-0.2", untouched);
     }
     void judges()
     {

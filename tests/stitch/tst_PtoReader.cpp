@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "stitch/PtoReader.h"
+#include "tests/support/Table.h"
 
-#include <QTest>
 #include <cmath>
 
 class tst_PtoReader : public QObject {
@@ -53,12 +53,7 @@ private slots:
 
     void lines_data()
     {
-        QTest::addColumn<QString>("lines");
-        QTest::addColumn<QString>("expected");
-
-        const auto row = [](const char *name, const char *lines, const char *expected) {
-            QTest::newRow(name) << QString::fromLatin1(lines) << QString::fromLatin1(expected);
-        };
+        const Table<QString, QString> row("lines", "expected");
         row("light", "i w90 h60 f0 v50 Vb-0.1 Vc=0 Ra1.5e-1 Eev10 n\"a.jpg\"", "!1");
         row("light of an earlier one",
             "i w90 h60 f0 v50 y1 Vb-0.1 Ra0.5 Eev10 n\"a.jpg\"\ni w9 h9 f0 v=0 y2 Vb=0 Ra=0 Eev11 "
@@ -66,8 +61,7 @@ private slots:
             "0 -0.1 0.5 10; 1 -0.1 0.5 11");
         row("same place is one location",
             "i w90 h60 f0 v50 y1 p2 r3 n\"a\"\ni w90 h60 f0 v50 y361 p2 r3 n\"b\"\ni w90 h60 f0 "
-            "v50 "
-            "y1 p2.1 r3 n\"c\"",
+            "v50 y1 p2.1 r3 n\"c\"",
             "0 0 0 0; 0 0 0 0; 1 0 0 0");
         row("stacks apart",
             "i w90 h60 f0 v50 y1 j0 n\"a\"\ni w90 h60 f0 v50 y1 j1 n\"b\"\ni w90 h60 f0 v50 y3 j0 "

@@ -2,16 +2,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "stitch/ToolRunner.h"
+#include "tests/support/Table.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
-#include <QTest>
 
 namespace {
 
 /// A tool that does what \a script says; $1 is the folder that everything is in.
-ToolCall standIn(const QTemporaryDir &folder, const QString &script, const QString &result = {})
+ToolCall standIn(const QTemporaryDir &folder, const Text &script, const Text &result = "")
 {
     return {QStringLiteral("sh"),
         {QStringLiteral("-c"), script, QStringLiteral("sh"), folder.path()},
@@ -49,12 +49,7 @@ private:
 private slots:
     void failures_data()
     {
-        QTest::addColumn<QString>("script");
-        QTest::addColumn<QString>("problem");
-
-        const auto row = [](const char *name, const char *script, const char *problem) {
-            QTest::newRow(name) << QString::fromLatin1(script) << QString::fromLatin1(problem);
-        };
+        const Table<QString, QString> row("script", "problem");
         row("well", "echo x >$1/out", "");
         row("exit code", "echo one; echo 'no such picture' >&2; exit 3",
             "sh failed with exit code 3: \"no such picture\"; its log is LOG");
@@ -80,8 +75,7 @@ private slots:
         ToolRunner::Settings patient = settings(folder);
         patient.patience = 200;
         const QString out = folder.filePath(QStringLiteral("out"));
-        const ToolOutcome outcome
-            = ToolRunner(patient).run({standIn(folder, script, QStringLiteral("out"))}, {});
+        const ToolOutcome outcome = ToolRunner(patient).run({standIn(folder, script, "out")}, {});
         problem.replace(QStringLiteral("LOG"), patient.log).replace(QStringLiteral("OUT"), out);
         QCOMPARE(outcome.problem, problem);
         QCOMPARE(
@@ -103,19 +97,13 @@ private slots:
 
     void nothingOutlivesTheRun_data()
     {
-        QTest::addColumn<QString>("script");
-        QTest::addColumn<bool>("isCancelled");
-
-        const auto row = [](const char *script, bool isCancelled) {
-            QTest::newRow(script) << QString::fromLatin1(script) << isCancelled;
-        };
+        const Table<QString, bool> row("script", "isCancelled");
         const char *simple = "echo $$ >$1/pid; echo go; exec sleep 1000";
         const char *grandchild = "sleep 1000 & echo $! >$1/pid; echo go; wait";
         const char *deaf = "trap '' TERM; sleep 1000 & echo $! >$1/pid; echo go; wait; wait";
         for (const char *script : {simple, grandchild, deaf}) {
             row(script, true);
-            QTest::newRow((QByteArray("fails beside ") + script).constData())
-                << QString::fromLatin1(script) << false;
+            row((QByteArray("fails beside ") + script).constData(), script, false);
         }
     }
     /// Cancelled, or stopped because the call beside it fails.
@@ -132,9 +120,9 @@ private slots:
         listener.line = [&](int call, const QByteArray &) { isUp |= call == 0; };
         QVector<ToolCall> calls{standIn(folder, script)};
         if (!isCancelled)
-            calls.append(standIn(folder,
-                QStringLiteral("mkfifo $1/gate; while [ ! -s $1/pid ]; do :; done; exit 4")));
-        calls.append(standIn(folder, QStringLiteral("echo x >$1/never")));
+            calls.append(
+                standIn(folder, "mkfifo $1/gate; while [ ! -s $1/pid ]; do :; done; exit 4"));
+        calls.append(standIn(folder, "echo x >$1/never"));
         if (isCancelled)
             two.jobs = 1;
         const ToolOutcome outcome = ToolRunner(two).run(calls, listener);
@@ -157,10 +145,9 @@ private slots:
             return QString();
         };
         QCOMPARE(ToolRunner(two)
-                     .run({standIn(folder, QStringLiteral("mkfifo $1/a; echo x >$1/a")),
-                              standIn(folder,
-                                  QStringLiteral("while [ ! -p $1/a ]; do :; done; cat <$1/a")),
-                              standIn(folder, QStringLiteral("exit 0"))},
+                     .run({standIn(folder, "mkfifo $1/a; echo x >$1/a"),
+                              standIn(folder, "while [ ! -p $1/a ]; do :; done; cat <$1/a"),
+                              standIn(folder, "exit 0")},
                          listener)
                      .problem,
             QString());
@@ -179,10 +166,8 @@ private slots:
         };
         const ToolRunner runner(settings(folder));
         const ToolOutcome outcome = runner.run(
-            {standIn(
-                 folder, QStringLiteral("printf 'a\\r1 %%\\r2 %%\\n\\n'; printf 'b\u00e9' >&2")),
-                standIn(folder, QStringLiteral("pwd >/dev/null; echo \"$TMPDIR\"")),
-                standIn(folder, QStringLiteral("echo never"))},
+            {standIn(folder, "printf 'a\\r1 %%\\r2 %%\\n\\n'; printf 'b\u00e9' >&2"),
+                standIn(folder, "pwd >/dev/null; echo \"$TMPDIR\""), standIn(folder, "echo never")},
             listener);
         QCOMPARE(outcome.problem, QStringLiteral("not what was wanted"));
         QCOMPARE(

@@ -3,11 +3,11 @@
 
 #include "stitch/WebFolder.h"
 #include "tests/stitch/Browser.h"
+#include "tests/support/Table.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
-#include <QTest>
 #include <cmath>
 
 namespace {
@@ -104,7 +104,7 @@ private:
             folder, picture, frame, QStringLiteral("A <b> & c"), progress, &isCancelled);
         return isCancelled ? QStringLiteral("cancelled") : problem;
     }
-    QString at(const QString &name) const { return m_folder.filePath(name); }
+    QString at(const Text &name) const { return m_folder.filePath(name); }
 
 private slots:
     void initTestCase()
@@ -115,7 +115,7 @@ private slots:
 
     void writesOverNothingElse()
     {
-        const QString path = at(QStringLiteral("shop"));
+        const QString path = at("shop");
         const WebFolder folder{path, false, 1};
         const WebFolder forced{path, true, 1};
         QCOMPARE(write(folder, fullSphere(64)), QString());
@@ -129,28 +129,26 @@ private slots:
         QVERIFY(QFile::remove(path + QStringLiteral("/scene.js")));
         QVERIFY(write(forced, fullSphere(64)).contains(QStringLiteral("holds other things")));
         QVERIFY(QFile::exists(path + QStringLiteral("/picture.js")));
-        QVERIFY(write({at(QStringLiteral("picture.jpg")), true, 1}, fullSphere(64))
+        QVERIFY(write({at("picture.jpg"), true, 1}, fullSphere(64))
                     .contains(QStringLiteral(": is no folder")));
-        QVERIFY(QFile::link(at(QStringLiteral("nowhere")), at(QStringLiteral("lost"))));
-        QVERIFY(write({at(QStringLiteral("lost/")), true, 1}, fullSphere(64))
+        QVERIFY(QFile::link(at("nowhere"), at("lost")));
+        QVERIFY(write({at("lost/"), true, 1}, fullSphere(64))
                     .contains(QStringLiteral(": is no folder")));
-        QVERIFY(write({at(QStringLiteral("no/web")), true, 1}, fullSphere(64))
+        QVERIFY(write({at("no/web"), true, 1}, fullSphere(64))
                     .contains(QStringLiteral("there is no folder")));
     }
 
     // What comes in an older folder's place takes nothing else with it.
     void takesAnOldOnesPlace_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<bool>("isCancelled");
-
-        QTest::newRow("plain") << QStringLiteral("old") << false;
-        QTest::newRow("slash at the end") << QStringLiteral("old/") << false;
-        QTest::newRow("link") << QStringLiteral("link") << false;
-        QTest::newRow("link, slash at the end") << QStringLiteral("link/") << false;
-        QTest::newRow("cancelled") << QStringLiteral("old/") << true;
-        QTest::newRow("new, slash at the end") << QStringLiteral("new/") << false;
-        QTest::newRow("new, cancelled") << QStringLiteral("new") << true;
+        const Table<QString, bool> row("name", "isCancelled");
+        row("plain", "old", false);
+        row("slash at the end", "old/", false);
+        row("link", "link", false);
+        row("link, slash at the end", "link/", false);
+        row("cancelled", "old/", true);
+        row("new, slash at the end", "new/", false);
+        row("new, cancelled", "new", true);
     }
     void takesAnOldOnesPlace()
     {
@@ -196,15 +194,12 @@ private slots:
 
     void views_data()
     {
-        QTest::addColumn<bool>("isPart");
-        QTest::addColumn<int>("width");
-        QTest::addColumn<bool>("isServed");
-
-        QTest::newRow("from disk") << false << 1200 << false;
-        QTest::newRow("part, from disk") << true << 1200 << false;
-        QTest::newRow("tiles, from a server") << false << 8208 << true;
-        QTest::newRow("large, from disk") << false << 8208 << false;
-        QTest::newRow("part, tiles, from a server") << true << 8208 << true;
+        const Table<bool, int, bool> row("isPart", "width", "isServed");
+        row("from disk", false, 1200, false);
+        row("part, from disk", true, 1200, false);
+        row("tiles, from a server", false, 8208, true);
+        row("large, from disk", false, 8208, false);
+        row("part, tiles, from a server", true, 8208, true);
     }
     /// Turned and zoomed by script.
     void views()
