@@ -3,12 +3,12 @@
 
 #include "align/OutputFile.h"
 #include "tests/align/TestPicture.h"
+#include "tests/support/Table.h"
 
 #include <QDir>
 #include <QFile>
 #include <QImage>
 #include <QTemporaryDir>
-#include <QTest>
 #include <unistd.h>
 
 class tst_OutputFile : public QObject {
@@ -17,10 +17,7 @@ class tst_OutputFile : public QObject {
 private slots:
     void objections_data()
     {
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<QString>("plain");
-        QTest::addColumn<QString>("forced");
-
+        const Table<QString, QString, QString> row("path", "plain", "forced");
         const QString input = QStringLiteral("is one of the files that the import reads");
         const QString exists = QStringLiteral("exists already; --force writes over it");
         writeFile(at("input"), "input");
@@ -33,31 +30,30 @@ private slots:
             == 0);
         QDir(m_folder.path()).mkdir(QStringLiteral("folder"));
 
-        QTest::newRow("new") << at("new") << QString() << QString();
-        QTest::newRow("the input") << at("input") << input << input;
-        QTest::newRow("by another way") << at("folder/../input") << input << input;
-        QTest::newRow("by a link") << at("to input") << input << input;
-        QTest::newRow("by a hard link") << at("hard") << input << input;
-        QTest::newRow("another file") << at("other") << exists << QString();
-        QTest::newRow("a link to another") << at("to other") << exists << QString();
-        QTest::newRow("a link to nowhere") << at("dangling") << QString() << QString();
+        row("new", at("new"), "", "");
+        row("the input", at("input"), input, input);
+        row("by another way", at("folder/../input"), input, input);
+        row("by a link", at("to input"), input, input);
+        row("by a hard link", at("hard"), input, input);
+        row("another file", at("other"), exists, "");
+        row("a link to another", at("to other"), exists, "");
+        row("a link to nowhere", at("dangling"), "", "");
         const QString precious
             = QStringLiteral("is a picture or a head's file, which is never written over");
         for (const char *name : {"a.jpg", "a.NEF", "head.xml", "script.TXT"})
             writeFile(at(name), "x");
-        QTest::newRow("a picture") << at("a.jpg") << precious << precious;
-        QTest::newRow("a raw picture") << at("a.NEF") << precious << precious;
-        QTest::newRow("a shooting file") << at("head.xml") << precious << precious;
-        QTest::newRow("a script") << at("script.TXT") << precious << precious;
+        row("a picture", at("a.jpg"), precious, precious);
+        row("a raw picture", at("a.NEF"), precious, precious);
+        row("a shooting file", at("head.xml"), precious, precious);
+        row("a script", at("script.TXT"), precious, precious);
         QVERIFY(QImage(2, 2, QImage::Format_RGB32).save(at("picture without suffix"), "PNG"));
-        QTest::newRow("a picture by content")
-            << at("picture without suffix") << precious << precious;
+        row("a picture by content", at("picture without suffix"), precious, precious);
         const QString folder = QStringLiteral("is a folder");
-        QTest::newRow("a folder") << at("folder") << folder << folder;
+        row("a folder", at("folder"), folder, folder);
         const QString noFolder = QStringLiteral("there is no folder %1").arg(at("absent"));
-        QTest::newRow("in no folder") << at("absent/new") << noFolder << noFolder;
+        row("in no folder", at("absent/new"), noFolder, noFolder);
         const QString device = QStringLiteral("is no regular file");
-        QTest::newRow("a device") << QStringLiteral("/dev/null") << device << device;
+        row("a device", "/dev/null", device, device);
     }
     void objections()
     {
@@ -69,20 +65,17 @@ private slots:
 
     void sameFile_data()
     {
-        QTest::addColumn<QString>("a");
-        QTest::addColumn<QString>("b");
-        QTest::addColumn<bool>("same");
-
+        const Table<QString, QString, bool> row("a", "b", "same");
         QDir(m_folder.path()).mkpath(QStringLiteral("real"));
         QFile::link(at("real"), at("linked"));
         writeFile(at("real/there"), "x");
         QFile::link(at("real/there"), at("other name"));
-        QTest::newRow("one name") << at("new") << at("new") << true;
-        QTest::newRow("two names") << at("new") << at("newer") << false;
-        QTest::newRow("a linked folder") << at("real/new") << at("linked/new") << true;
-        QTest::newRow("a linked file") << at("real/there") << at("other name") << true;
-        QTest::newRow("one exists") << at("real/there") << at("real/new") << false;
-        QTest::newRow("folders apart") << at("real/new") << at("new") << false;
+        row("one name", at("new"), at("new"), true);
+        row("two names", at("new"), at("newer"), false);
+        row("a linked folder", at("real/new"), at("linked/new"), true);
+        row("a linked file", at("real/there"), at("other name"), true);
+        row("one exists", at("real/there"), at("real/new"), false);
+        row("folders apart", at("real/new"), at("new"), false);
     }
     void sameFile()
     {

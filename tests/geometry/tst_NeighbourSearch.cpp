@@ -5,9 +5,9 @@
 #include "geometry/AngleOfView.h"
 #include "geometry/LinkLimit.h"
 #include "tests/geometry/PlainLinks.h"
+#include "tests/support/Table.h"
 
 #include <QRandomGenerator>
-#include <QTest>
 #include <cmath>
 #include <limits>
 
@@ -181,106 +181,100 @@ Q_DECLARE_METATYPE(MakePlaces)
 
 class tst_NeighbourSearch : public QObject {
     Q_OBJECT
+
 private slots:
-    void findsWhatEveryPairGives_data();
-    void findsWhatEveryPairGives();
-    void mixesLenses();
-    void estimates_data();
-    void estimates();
+    void findsWhatEveryPairGives_data()
+    {
+        const Table<MakePlaces> row("make");
+        row("rows", MakePlaces(rows));
+        row("tele", MakePlaces(tele));
+        row("sphere", MakePlaces(sphere));
+        row("poles", MakePlaces(poles));
+        row("absurd", MakePlaces(absurd));
+    }
+    void findsWhatEveryPairGives()
+    {
+        QFETCH(const MakePlaces, make);
+        QRandomGenerator random(4326);
+        qint64 links = 0;
+        qint64 pairs = 0;
+        for (int round = 0; round < 80; ++round) {
+            const int count = round % 40 == 0 ? 1000 : 1 + random.bounded(120);
+            Places places = make(random, count);
+            if (random.bounded(2))
+                addDuplicates(random, places);
+
+            const float focal = someFocal(random, places, 0.65);
+            const Links directions = plain::directionLinks(places, focal);
+            QCOMPARE(difference(geometry::directionLinks(places, focal), directions), QString());
+            QCOMPARE(geometry::estimateDirectionLinks(places, focal), qint64(directions.size()));
+
+            const QVector<View> pictures = views(random, places);
+            const Links proximities = plain::proximityLinks(pictures);
+            QCOMPARE(difference(proximityLinks(pictures), proximities), QString());
+            QCOMPARE(geometry::estimateProximityLinks(pictures), qint64(proximities.size()));
+
+            links += directions.size() + proximities.size();
+            pairs += qint64(count) * (count - 1);
+        }
+        QVERIFY(links > pairs / 20 && links < pairs * 19 / 20);
+    }
+
+    // A few hundred of each lens, so that every grid has more than one cell.
+    void mixesLenses()
+    {
+        QRandomGenerator random(70);
+        const Places places = sphere(random, 3000);
+        QVector<View> pictures;
+        for (const Direction &at : places) {
+            const float focal = QVector<float>{0, 35, 90, 180, 400, 900, -50}[random.bounded(7)];
+            const bool isOdd = focal == 0 && random.bounded(50) != 0;
+            pictures
+                += {at.yaw, at.pitch, float(geometry::halfDiagonalAngle(isOdd ? 2000 : focal))};
+        }
+        const Links expected = plain::proximityLinks(pictures);
+        QCOMPARE(difference(proximityLinks(pictures), expected), QString());
+        QCOMPARE(geometry::estimateProximityLinks(pictures), qint64(expected.size()));
+    }
+
+    void estimates_data()
+    {
+        const Table<float, int> row("focal", "without");
+        row("tele", 1500.0F, 0);
+        row("tele, some without a focal", 1500.0F, 20);
+        row("wide", 24.0F, 0);
+        row("everything", 1.0F, 0);
+        row("none", -1.0F, 0);
+    }
+
+    // Too many to count: the share of the sphere that a picture reaches tells how many they are.
+    void estimates()
+    {
+        QFETCH(const float, focal);
+        QFETCH(const int, without);
+        constexpr int count = 20'000;
+        QRandomGenerator random(20);
+        const Places places = sphere(random, count);
+        const auto expected = [&](double reach, double pictures) {
+            return (1 - std::cos(reach)) / 2 * count * pictures / (pictures == count ? 2 : 1);
+        };
+        const auto check = [](qint64 estimate, double expected) {
+            QVERIFY2(std::abs(double(estimate) - expected) <= 0.1 * expected,
+                qPrintable(QStringLiteral("%1, not %2").arg(estimate).arg(expected)));
+        };
+        const double halfAngle = qMax(0.0, geometry::halfDiagonalAngle(focal));
+
+        check(geometry::estimateDirectionLinks(places, focal), expected(halfAngle / 0.65, count));
+
+        QVector<View> pictures;
+        for (const Direction &at : places)
+            pictures += {at.yaw, at.pitch, float(halfAngle)};
+        for (int k = 0; k < without; ++k)
+            pictures[k * 37].halfAngle = float(geometry::kPi / 2);
+        check(geometry::estimateProximityLinks(pictures),
+            expected(halfAngle / 0.7, count) + expected(geometry::kPi / 2 / 0.7, without));
+    }
 };
-
-void tst_NeighbourSearch::findsWhatEveryPairGives_data()
-{
-    QTest::addColumn<MakePlaces>("make");
-    QTest::newRow("rows") << MakePlaces(rows);
-    QTest::newRow("tele") << MakePlaces(tele);
-    QTest::newRow("sphere") << MakePlaces(sphere);
-    QTest::newRow("poles") << MakePlaces(poles);
-    QTest::newRow("absurd") << MakePlaces(absurd);
-}
-
-void tst_NeighbourSearch::findsWhatEveryPairGives()
-{
-    QFETCH(const MakePlaces, make);
-    QRandomGenerator random(4326);
-    qint64 links = 0;
-    qint64 pairs = 0;
-    for (int round = 0; round < 80; ++round) {
-        const int count = round % 40 == 0 ? 1000 : 1 + random.bounded(120);
-        Places places = make(random, count);
-        if (random.bounded(2))
-            addDuplicates(random, places);
-
-        const float focal = someFocal(random, places, 0.65);
-        const Links directions = plain::directionLinks(places, focal);
-        QCOMPARE(difference(geometry::directionLinks(places, focal), directions), QString());
-        QCOMPARE(geometry::estimateDirectionLinks(places, focal), qint64(directions.size()));
-
-        const QVector<View> pictures = views(random, places);
-        const Links proximities = plain::proximityLinks(pictures);
-        QCOMPARE(difference(proximityLinks(pictures), proximities), QString());
-        QCOMPARE(geometry::estimateProximityLinks(pictures), qint64(proximities.size()));
-
-        links += directions.size() + proximities.size();
-        pairs += qint64(count) * (count - 1);
-    }
-    QVERIFY(links > pairs / 20 && links < pairs * 19 / 20);
-}
-
-// A few hundred of each lens, so that every grid has more than one cell.
-void tst_NeighbourSearch::mixesLenses()
-{
-    QRandomGenerator random(70);
-    const Places places = sphere(random, 3000);
-    QVector<View> pictures;
-    for (const Direction &at : places) {
-        const float focal = QVector<float>{0, 35, 90, 180, 400, 900, -50}[random.bounded(7)];
-        const bool isOdd = focal == 0 && random.bounded(50) != 0;
-        pictures += {at.yaw, at.pitch, float(geometry::halfDiagonalAngle(isOdd ? 2000 : focal))};
-    }
-    const Links expected = plain::proximityLinks(pictures);
-    QCOMPARE(difference(proximityLinks(pictures), expected), QString());
-    QCOMPARE(geometry::estimateProximityLinks(pictures), qint64(expected.size()));
-}
-
-void tst_NeighbourSearch::estimates_data()
-{
-    QTest::addColumn<float>("focal");
-    QTest::addColumn<int>("without");
-    QTest::newRow("tele") << 1500.0F << 0;
-    QTest::newRow("tele, some without a focal") << 1500.0F << 20;
-    QTest::newRow("wide") << 24.0F << 0;
-    QTest::newRow("everything") << 1.0F << 0;
-    QTest::newRow("none") << -1.0F << 0;
-}
-
-// Too many to count: the share of the sphere that a picture reaches tells how many they are.
-void tst_NeighbourSearch::estimates()
-{
-    QFETCH(const float, focal);
-    QFETCH(const int, without);
-    constexpr int count = 20'000;
-    QRandomGenerator random(20);
-    const Places places = sphere(random, count);
-    const auto expected = [&](double reach, double pictures) {
-        return (1 - std::cos(reach)) / 2 * count * pictures / (pictures == count ? 2 : 1);
-    };
-    const auto check = [](qint64 estimate, double expected) {
-        QVERIFY2(std::abs(double(estimate) - expected) <= 0.1 * expected,
-            qPrintable(QStringLiteral("%1, not %2").arg(estimate).arg(expected)));
-    };
-    const double halfAngle = qMax(0.0, geometry::halfDiagonalAngle(focal));
-
-    check(geometry::estimateDirectionLinks(places, focal), expected(halfAngle / 0.65, count));
-
-    QVector<View> pictures;
-    for (const Direction &at : places)
-        pictures += {at.yaw, at.pitch, float(halfAngle)};
-    for (int k = 0; k < without; ++k)
-        pictures[k * 37].halfAngle = float(geometry::kPi / 2);
-    check(geometry::estimateProximityLinks(pictures),
-        expected(halfAngle / 0.7, count) + expected(geometry::kPi / 2 / 0.7, without));
-}
 
 QTEST_GUILESS_MAIN(tst_NeighbourSearch)
 #include "tst_NeighbourSearch.moc"
