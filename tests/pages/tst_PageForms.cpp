@@ -8,6 +8,7 @@
 #include "papywizard/UIWPMerlin.h"
 #include "tests/support/FakeHost.h"
 #include "tests/support/PageDriver.h"
+#include "tests/support/Table.h"
 #include "vrdrive2/UIWPVRDrive2.h"
 
 #include <QAbstractButton>
@@ -207,211 +208,184 @@ class tst_PageForms : public QObject {
 
 private slots:
     void init() { FakeHost::instance().reset(); }
-    void metaObject_data();
-    void metaObject();
-    void widgets_data();
-    void widgets();
-    void shootingFormsDifferAsWritten();
-    void pageTexts_data();
-    void pageTexts();
-    void textsAreInThePagesContext_data();
-    void textsAreInThePagesContext();
-    void yawIsNotTranslated_data();
+
+    void metaObject_data()
+    {
+        QTest::addColumn<Kind>("kind");
+        QTest::addColumn<QString>("className");
+        QTest::addColumn<QStringList>("slotList");
+        const auto row = [](const char *name, Kind kind, const char *className,
+                             const char *slotList) {
+            QTest::newRow(name) << kind << QString::fromLatin1(className) << entries(slotList);
+        };
+        row("clauss", Kind::Clauss, "UIWPClauss", kClaussSlots);
+        row("gigapan", Kind::Gigapan, "UIWPGigapan", kGigapanSlots);
+        row("papywizard", Kind::Papywizard, "UIWPMerlin", kShootingSlots);
+        row("vrdrive2", Kind::VRDrive2, "UIWPVRDrive2", kShootingSlots);
+    }
+    void metaObject()
+    {
+        QFETCH(Kind, kind);
+        QFETCH(QStringList, slotList);
+        const auto page = makePage(kind);
+        const QMetaObject *meta = page->metaObject();
+        QTEST(QString::fromLatin1(meta->className()), "className");
+        QCOMPARE(meta->superClass(), &QWizardPage::staticMetaObject);
+        QCOMPARE(meta->propertyOffset(), meta->propertyCount());
+        QCOMPARE(meta->methodCount() - meta->methodOffset(), slotList.size());
+        for (int i = 0; i < slotList.size(); ++i) {
+            const QMetaMethod method = meta->method(meta->methodOffset() + i);
+            const QStringList expected = slotList[i].split(QLatin1Char(' '));
+            QCOMPARE(QString::fromLatin1(method.methodSignature()), expected[0]);
+            QCOMPARE(method.methodType(), QMetaMethod::Slot);
+            QCOMPARE(method.access(), QMetaMethod::Public);
+            if (expected.size() > 1)
+                QCOMPARE(QString::fromLatin1(method.parameterNames().value(0)), expected[1]);
+        }
+    }
+
+    void widgets_data()
+    {
+        const Table<Kind, QStringList> row("kind", "expected");
+        row("clauss", Kind::Clauss, entries(kClaussWidgets));
+        row("gigapan", Kind::Gigapan, entries(kGigapanWidgets));
+        row("papywizard", Kind::Papywizard, entries(kShootingWidgets) + entries(kPapywizardOnly));
+        row("vrdrive2", Kind::VRDrive2, entries(kShootingWidgets) + entries(kVRDrive2Only));
+    }
+    void widgets()
+    {
+        QFETCH(Kind, kind);
+        QFETCH(QStringList, expected);
+        const auto page = makePage(kind);
+        const QStringList missing = without(expected, widgetsOf(*page));
+        QCOMPARE(missing.join(QLatin1Char('\n')), QString());
+    }
+
+    void shootingFormsDifferAsWritten()
+    {
+        const QStringList papywizard = widgetsOf(*makePage(Kind::Papywizard));
+        const QStringList vrDrive2 = widgetsOf(*makePage(Kind::VRDrive2));
+        QCOMPARE(without(papywizard, vrDrive2), entries(kPapywizardOnly));
+        QCOMPARE(without(vrDrive2, papywizard), entries(kVRDrive2Only));
+
+        // The first of the two rows on the first tab.
+        const auto firstRow = [](Kind kind) {
+            const PageDriver driver(makePage(kind).release());
+            const int file = driver.widget("m_leConfigFile")->y();
+            return file < driver.widget("m_leImage")->y() ? QStringLiteral("file")
+                                                          : QStringLiteral("pictures");
+        };
+        QCOMPARE(firstRow(Kind::Papywizard), QStringLiteral("file"));
+        QCOMPARE(firstRow(Kind::VRDrive2), QStringLiteral("pictures"));
+    }
+
+    void pageTexts_data()
+    {
+        const Table<Kind, QString, QString, QString, QString, QString> row(
+            "kind", "formName", "windowTitle", "title", "subTitle", "colour");
+        const QString textColour = QApplication::palette().color(QPalette::WindowText).name();
+        const QString grey = QStringLiteral("#DCDCDC");
+        row("clauss", Kind::Clauss, "UIWPClaussClass", "", "Clauss panohead import",
+            "Clauss| provides special equipment for panoramic photography and "
+            "VR applications.",
+            grey);
+        row("gigapan", Kind::Gigapan, "UIWPGigapanClass", "", "Gigapan panorama import",
+            "Gigapan| allows users to upload, share, and explore brilliant "
+            "gigapixel+ panoramas from around the globe.",
+            grey);
+        row("papywizard", Kind::Papywizard, "UIWPMerlinClass",
+            "Papywizard panohead control software", "Papywizard import", kPapywizardSubTitle,
+            textColour);
+        row("vrdrive2", Kind::VRDrive2, "UIWPVRDrive2Class", "VR Drive II import plugin",
+            "VR Drive 2", kVRDrive2SubTitle, grey);
+    }
+    void pageTexts()
+    {
+        QFETCH(Kind, kind);
+        QFETCH(QString, windowTitle);
+        QFETCH(QString, subTitle);
+        QFETCH(QString, colour);
+        QCoreApplication::setApplicationName(QStringLiteral("Pano & Co"));
+        const auto page = makePage(kind);
+        QCoreApplication::setApplicationName(QString());
+        QTEST(page->objectName(), "formName");
+        QTEST(page->title(), "title");
+        if (!windowTitle.isEmpty())
+            QCOMPARE(page->windowTitle(), windowTitle);
+        QCOMPARE(page->minimumSize(), QSize(600, 600));
+        QCOMPARE(page->size(), QSize(681, 600));
+
+        QTextDocument shown;
+        shown.setHtml(page->subTitle());
+        QCOMPARE(shown.toPlainText(), QString(subTitle).remove(QLatin1Char('|')));
+        const QTextFragment link = shown.firstBlock().begin().fragment();
+        QCOMPARE(link.text(), subTitle.section(QLatin1Char('|'), 0, 0));
+        QVERIFY(link.charFormat().isAnchor());
+        QVERIFY(page->subTitle().contains(QStringLiteral("<font color=\"%1\">").arg(colour)));
+    }
+
+    void textsAreInThePagesContext_data()
+    {
+        const Table<Kind, QString, QStringList> row("kind", "context", "texts");
+        const QStringList ofShooting{QStringLiteral("N/A"), QStringLiteral("All Files (*.*)"),
+            QStringLiteral("XML files (*.xml)"), QStringLiteral("Select images"),
+            QStringLiteral("Select the preset file and/or images"),
+            QStringLiteral("Not the same as in XML fil"), QStringLiteral("Warning"),
+            QStringLiteral(
+                "Papywizard XML has bracketing and the number of images isn't a multiple of "
+                "this number of brackets.")};
+        row("clauss", Kind::Clauss, "UIWPClauss",
+            {"N/A", "All Files (*.*)", "Select images", "Select the preset file and/or images",
+                "Error", "Error parse file:%1"});
+        row("gigapan", Kind::Gigapan, "UIWPGigapan",
+            {"images in ", "All Files (*.*)", "Select images"});
+        row("papywizard", Kind::Papywizard, "UIWPMerlin", ofShooting);
+        row("vrdrive2", Kind::VRDrive2, "UIWPVRDrive2", ofShooting);
+    }
+    void textsAreInThePagesContext()
+    {
+        QFETCH(Kind, kind);
+        QFETCH(QString, context);
+        QFETCH(QStringList, texts);
+        QTemporaryDir folder;
+        const QString file
+            = makeFile(folder.filePath(kind == Kind::Clauss ? QStringLiteral("s.txt")
+                                                            : QStringLiteral("s.xml")),
+                kind == Kind::Clauss ? "op_h-angle=bad\n"
+                                     : "<p><shoot><pict/></shoot><header><camera>"
+                                       "<bracketing nbPicts='3'/></camera></header></p>");
+
+        TextRecorder recorder;
+        QCoreApplication::installTranslator(&recorder);
+        PageDriver driver(makePage(kind).release());
+        driver.choose("m_pbSelectImages", {});
+        if (kind != Kind::Gigapan) {
+            driver.choose("m_pbSelectConfigFile", {file});
+            driver.drop({QStringLiteral("/p/1.jpg")});
+        }
+        answering([&] { driver.page().validatePage(); });
+        QCoreApplication::removeTranslator(&recorder);
+
+        for (const QString &text : texts)
+            QVERIFY2(recorder.asked.contains(context + QLatin1Char('|') + text), qPrintable(text));
+        // The rest is the form's, or Qt's own.
+        for (const QString &asked : qAsConst(recorder.asked)) {
+            const QString used = asked.section(QLatin1Char('|'), 0, 0);
+            QVERIFY2(used == context || used == context + QLatin1String("Class")
+                    || (used.startsWith(QLatin1Char('Q')) && used != QLatin1String("QWizardPage")),
+                qPrintable(asked));
+        }
+    }
+
+    void yawIsNotTranslated_data()
+    {
+        const Table<Kind> row("kind");
+        row("clauss", Kind::Clauss);
+        row("papywizard", Kind::Papywizard);
+        row("vrdrive2", Kind::VRDrive2);
+    }
     void yawIsNotTranslated();
 };
-
-void tst_PageForms::metaObject_data()
-{
-    QTest::addColumn<Kind>("kind");
-    QTest::addColumn<QString>("className");
-    QTest::addColumn<QStringList>("slotList");
-    const auto row = [](const char *name, Kind kind, const char *className, const char *slotList) {
-        QTest::newRow(name) << kind << QString::fromLatin1(className) << entries(slotList);
-    };
-    row("clauss", Kind::Clauss, "UIWPClauss", kClaussSlots);
-    row("gigapan", Kind::Gigapan, "UIWPGigapan", kGigapanSlots);
-    row("papywizard", Kind::Papywizard, "UIWPMerlin", kShootingSlots);
-    row("vrdrive2", Kind::VRDrive2, "UIWPVRDrive2", kShootingSlots);
-}
-
-void tst_PageForms::metaObject()
-{
-    QFETCH(Kind, kind);
-    QFETCH(QStringList, slotList);
-    const auto page = makePage(kind);
-    const QMetaObject *meta = page->metaObject();
-    QTEST(QString::fromLatin1(meta->className()), "className");
-    QCOMPARE(meta->superClass(), &QWizardPage::staticMetaObject);
-    QCOMPARE(meta->propertyOffset(), meta->propertyCount());
-    QCOMPARE(meta->methodCount() - meta->methodOffset(), slotList.size());
-    for (int i = 0; i < slotList.size(); ++i) {
-        const QMetaMethod method = meta->method(meta->methodOffset() + i);
-        const QStringList expected = slotList[i].split(QLatin1Char(' '));
-        QCOMPARE(QString::fromLatin1(method.methodSignature()), expected[0]);
-        QCOMPARE(method.methodType(), QMetaMethod::Slot);
-        QCOMPARE(method.access(), QMetaMethod::Public);
-        if (expected.size() > 1)
-            QCOMPARE(QString::fromLatin1(method.parameterNames().value(0)), expected[1]);
-    }
-}
-
-void tst_PageForms::widgets_data()
-{
-    QTest::addColumn<Kind>("kind");
-    QTest::addColumn<QStringList>("expected");
-    QTest::newRow("clauss") << Kind::Clauss << entries(kClaussWidgets);
-    QTest::newRow("gigapan") << Kind::Gigapan << entries(kGigapanWidgets);
-    QTest::newRow("papywizard") << Kind::Papywizard
-                                << entries(kShootingWidgets) + entries(kPapywizardOnly);
-    QTest::newRow("vrdrive2") << Kind::VRDrive2
-                              << entries(kShootingWidgets) + entries(kVRDrive2Only);
-}
-
-void tst_PageForms::widgets()
-{
-    QFETCH(Kind, kind);
-    QFETCH(QStringList, expected);
-    const auto page = makePage(kind);
-    const QStringList missing = without(expected, widgetsOf(*page));
-    QCOMPARE(missing.join(QLatin1Char('\n')), QString());
-}
-
-void tst_PageForms::shootingFormsDifferAsWritten()
-{
-    const QStringList papywizard = widgetsOf(*makePage(Kind::Papywizard));
-    const QStringList vrDrive2 = widgetsOf(*makePage(Kind::VRDrive2));
-    QCOMPARE(without(papywizard, vrDrive2), entries(kPapywizardOnly));
-    QCOMPARE(without(vrDrive2, papywizard), entries(kVRDrive2Only));
-
-    // The first of the two rows on the first tab.
-    const auto firstRow = [](Kind kind) {
-        const PageDriver driver(makePage(kind).release());
-        const int file = driver.widget("m_leConfigFile")->y();
-        return file < driver.widget("m_leImage")->y() ? QStringLiteral("file")
-                                                      : QStringLiteral("pictures");
-    };
-    QCOMPARE(firstRow(Kind::Papywizard), QStringLiteral("file"));
-    QCOMPARE(firstRow(Kind::VRDrive2), QStringLiteral("pictures"));
-}
-
-void tst_PageForms::pageTexts_data()
-{
-    QTest::addColumn<Kind>("kind");
-    QTest::addColumn<QString>("formName");
-    QTest::addColumn<QString>("windowTitle");
-    QTest::addColumn<QString>("title");
-    QTest::addColumn<QString>("subTitle");
-    QTest::addColumn<QString>("colour");
-    const QString textColour = QApplication::palette().color(QPalette::WindowText).name();
-    const QString grey = QStringLiteral("#DCDCDC");
-    QTest::newRow("clauss") << Kind::Clauss << "UIWPClaussClass" << QString()
-                            << "Clauss panohead import"
-                            << "Clauss| provides special equipment for panoramic photography and "
-                               "VR applications."
-                            << grey;
-    QTest::newRow("gigapan") << Kind::Gigapan << "UIWPGigapanClass" << QString()
-                             << "Gigapan panorama import"
-                             << "Gigapan| allows users to upload, share, and explore brilliant "
-                                "gigapixel+ panoramas from around the globe."
-                             << grey;
-    QTest::newRow("papywizard") << Kind::Papywizard << "UIWPMerlinClass"
-                                << "Papywizard panohead control software"
-                                << "Papywizard import" << kPapywizardSubTitle << textColour;
-    QTest::newRow("vrdrive2") << Kind::VRDrive2 << "UIWPVRDrive2Class"
-                              << "VR Drive II import plugin"
-                              << "VR Drive 2" << kVRDrive2SubTitle << grey;
-}
-
-void tst_PageForms::pageTexts()
-{
-    QFETCH(Kind, kind);
-    QFETCH(QString, windowTitle);
-    QFETCH(QString, subTitle);
-    QFETCH(QString, colour);
-    QCoreApplication::setApplicationName(QStringLiteral("Pano & Co"));
-    const auto page = makePage(kind);
-    QCoreApplication::setApplicationName(QString());
-    QTEST(page->objectName(), "formName");
-    QTEST(page->title(), "title");
-    if (!windowTitle.isEmpty())
-        QCOMPARE(page->windowTitle(), windowTitle);
-    QCOMPARE(page->minimumSize(), QSize(600, 600));
-    QCOMPARE(page->size(), QSize(681, 600));
-
-    QTextDocument shown;
-    shown.setHtml(page->subTitle());
-    QCOMPARE(shown.toPlainText(), QString(subTitle).remove(QLatin1Char('|')));
-    const QTextFragment link = shown.firstBlock().begin().fragment();
-    QCOMPARE(link.text(), subTitle.section(QLatin1Char('|'), 0, 0));
-    QVERIFY(link.charFormat().isAnchor());
-    QVERIFY(page->subTitle().contains(QStringLiteral("<font color=\"%1\">").arg(colour)));
-}
-
-void tst_PageForms::textsAreInThePagesContext_data()
-{
-    QTest::addColumn<Kind>("kind");
-    QTest::addColumn<QString>("context");
-    QTest::addColumn<QStringList>("texts");
-    const QStringList ofShooting{QStringLiteral("N/A"), QStringLiteral("All Files (*.*)"),
-        QStringLiteral("XML files (*.xml)"), QStringLiteral("Select images"),
-        QStringLiteral("Select the preset file and/or images"),
-        QStringLiteral("Not the same as in XML fil"), QStringLiteral("Warning"),
-        QStringLiteral("Papywizard XML has bracketing and the number of images isn't a multiple of "
-                       "this number of brackets.")};
-    QTest::newRow("clauss") << Kind::Clauss << "UIWPClauss"
-                            << QStringList{QStringLiteral("N/A"), QStringLiteral("All Files (*.*)"),
-                                   QStringLiteral("Select images"),
-                                   QStringLiteral("Select the preset file and/or images"),
-                                   QStringLiteral("Error"), QStringLiteral("Error parse file:%1")};
-    QTest::newRow("gigapan") << Kind::Gigapan << "UIWPGigapan"
-                             << QStringList{QStringLiteral("images in "),
-                                    QStringLiteral("All Files (*.*)"),
-                                    QStringLiteral("Select images")};
-    QTest::newRow("papywizard") << Kind::Papywizard << "UIWPMerlin" << ofShooting;
-    QTest::newRow("vrdrive2") << Kind::VRDrive2 << "UIWPVRDrive2" << ofShooting;
-}
-
-void tst_PageForms::textsAreInThePagesContext()
-{
-    QFETCH(Kind, kind);
-    QFETCH(QString, context);
-    QFETCH(QStringList, texts);
-    QTemporaryDir folder;
-    const QString file = makeFile(
-        folder.filePath(kind == Kind::Clauss ? QStringLiteral("s.txt") : QStringLiteral("s.xml")),
-        kind == Kind::Clauss ? "op_h-angle=bad\n"
-                             : "<p><shoot><pict/></shoot><header><camera>"
-                               "<bracketing nbPicts='3'/></camera></header></p>");
-
-    TextRecorder recorder;
-    QCoreApplication::installTranslator(&recorder);
-    PageDriver driver(makePage(kind).release());
-    driver.choose("m_pbSelectImages", {});
-    if (kind != Kind::Gigapan) {
-        driver.choose("m_pbSelectConfigFile", {file});
-        driver.drop({QStringLiteral("/p/1.jpg")});
-    }
-    answering([&] { driver.page().validatePage(); });
-    QCoreApplication::removeTranslator(&recorder);
-
-    for (const QString &text : texts)
-        QVERIFY2(recorder.asked.contains(context + QLatin1Char('|') + text), qPrintable(text));
-    // The rest is the form's, or Qt's own.
-    for (const QString &asked : qAsConst(recorder.asked)) {
-        const QString used = asked.section(QLatin1Char('|'), 0, 0);
-        QVERIFY2(used == context || used == context + QLatin1String("Class")
-                || (used.startsWith(QLatin1Char('Q')) && used != QLatin1String("QWizardPage")),
-            qPrintable(asked));
-    }
-}
-
-void tst_PageForms::yawIsNotTranslated_data()
-{
-    QTest::addColumn<Kind>("kind");
-    QTest::newRow("clauss") << Kind::Clauss;
-    QTest::newRow("papywizard") << Kind::Papywizard;
-    QTest::newRow("vrdrive2") << Kind::VRDrive2;
-}
 
 void tst_PageForms::yawIsNotTranslated()
 {

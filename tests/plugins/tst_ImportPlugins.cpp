@@ -114,19 +114,160 @@ class tst_ImportPlugins : public QObject {
 private slots:
     void init() { host().reset(); }
     void about_data() { heads(); }
-    void about();
+    void about()
+    {
+        const Plugin plugin = head().make();
+        QCOMPARE(QLatin1String(plugin->metaObject()->className()), QLatin1String(head().key));
+        QCOMPARE(plugin->metaObject()->superClass(), &QObject::staticMetaObject);
+        QCOMPARE(plugin->metaObject()->methodCount(), QObject::staticMetaObject.methodCount());
+        QCOMPARE(plugin->objectName(), QLatin1String(head().key));
+        const auto *about = static_cast<ZIAbout *>(plugin->qt_metacast("ZIAbout"));
+        QVERIFY(about);
+        QCOMPARE(about->GetName(), QLatin1String(head().name));
+        QVERIFY(!about->GetAuthor().isEmpty());
+        QCOMPARE(about->GetCompany(), QStringLiteral("Zorvik"));
+        QCOMPARE(about->GetDescription(), QLatin1String(head().description));
+        QCOMPARE(about->GetVersion(), QStringLiteral("3.0.0.400"));
+        QCOMPARE(about->GetIdentifier(), QLatin1String(head().identifier));
+        QVERIFY(!about->GetIcon().pixmap(32).isNull());
+        QVERIFY(
+            QFile::exists(QStringLiteral(":/%1/Resources/%2")
+                              .arg(QLatin1String(head().identifier), QLatin1String(head().icon))));
+
+        DescriptionTranslator translator;
+        QCoreApplication::installTranslator(&translator);
+        QCOMPARE(about->GetDescription(),
+            QLatin1String(head().key) + QLatin1String(": ") + QLatin1String(head().description));
+        QCoreApplication::removeTranslator(&translator);
+    }
     void handsOutItsPage_data() { heads(); }
-    void handsOutItsPage();
+    void handsOutItsPage()
+    {
+        const Plugin plugin = head().make();
+        auto *import = static_cast<ZIPluginImport *>(plugin->qt_metacast("ZIPluginImport"));
+        QVERIFY(import);
+        const QList<QWizardPage *> pages = import->GetWizardPages();
+        QCOMPARE(pages.size(), 1);
+        QCOMPARE(
+            QLatin1String(pages[0]->metaObject()->className()), QLatin1String(head().pageClass));
+        QVERIFY(!pages[0]->parent());
+        QCOMPARE(import->GetWizardPages(), pages);
+    }
     void remembersChoices_data() { heads(); }
-    void remembersChoices();
-    void badStateDoesNoHarm_data();
-    void badStateDoesNoHarm();
+    void remembersChoices()
+    {
+        Plugin plugin = head().make();
+        QCOMPARE(host().settingsAsked.size(), 1);
+        const auto [identifier, key, fallback] = host().settingsAsked[0];
+        QCOMPARE(qMakePair(identifier, key), settingOf(head()));
+        QVERIFY(!fallback.isValid());
+        const QStringList fresh = choicesOf(pageOf(plugin));
+        changeChoices(pageOf(plugin));
+        const QStringList changed = choicesOf(pageOf(plugin));
+        for (const QString &choice : changed)
+            QVERIFY2(!fresh.contains(choice), qPrintable(choice));
+
+        QVERIFY(host().settings.isEmpty());
+        // A host may call its plug-ins what it likes.
+        plugin->setObjectName(QStringLiteral("plug-in 3"));
+        plugin.reset();
+        QCOMPARE(host().settings.keys(), (QList<QPair<QString, QString>>{settingOf(head())}));
+        const QVariant saved = host().settings.first();
+        QCOMPARE(saved.userType(), int(QMetaType::QByteArray));
+        QCOMPARE(saved.toByteArray().isEmpty(), !remembers(head()));
+
+        plugin = head().make();
+        QCOMPARE(choicesOf(pageOf(plugin)), remembers(head()) ? changed : fresh);
+    }
+
+    void badStateDoesNoHarm_data()
+    {
+        QTest::addColumn<int>("index");
+        QTest::addColumn<QVariantList>("states");
+        for (int i = 0; i < int(std::size(kHeads)); ++i) {
+            host().reset();
+            Plugin plugin = kHeads[i].make();
+            changeChoices(pageOf(plugin));
+            plugin.reset();
+            const QByteArray saved = host().settings.first().toByteArray();
+
+            QVariantList states{QVariant(), QByteArray(), QStringLiteral("on"), 42,
+                QVariantMap{{QStringLiteral("zoom"), 3}}, QByteArray(1000, '\xff'), saved + 'x'};
+            for (int length = 0; length < saved.size(); ++length)
+                states.append(saved.left(length));
+            QTest::addRow("%s, none of this version", kHeads[i].key) << i << states;
+            if (saved.isEmpty())
+                continue;
+            QByteArray later = saved;
+            ++later.data()[5];
+            QByteArray foreign = saved;
+            ++foreign.data()[0];
+            QTest::addRow("%s, later and foreign", kHeads[i].key)
+                << i << QVariantList{later, foreign, QByteArray(later + "more")};
+        }
+    }
+    void badStateDoesNoHarm()
+    {
+        QFETCH(QVariantList, states);
+        const QStringList fresh = choicesOf(pageOf(head().make()));
+        for (const QVariant &state : states) {
+            host().settings.insert(settingOf(head()), state);
+            const Plugin plugin = head().make();
+            QCOMPARE(choicesOf(pageOf(plugin)), fresh);
+        }
+    }
     void lastOneWins_data() { heads(); }
-    void lastOneWins();
+    void lastOneWins()
+    {
+        Plugin first = head().make();
+        Plugin second = head().make();
+        setZoom(pageOf(first), 11);
+        setZoom(pageOf(second), 22);
+        second.reset();
+        first.reset();
+        QCOMPARE(host().settings.size(), 1);
+        const Plugin next = head().make();
+        QVERIFY(choicesOf(pageOf(next))
+                    .contains(
+                        remembers(head()) ? QStringLiteral("zoom=11") : QStringLiteral("zoom=50")));
+    }
     void pageDiesWithWizard_data() { heads(); }
-    void pageDiesWithWizard();
+    void pageDiesWithWizard()
+    {
+        Plugin plugin = head().make();
+        {
+            QWizard wizard;
+            wizard.addPage(pageOf(plugin));
+        }
+        auto *import = qobject_cast<ZIPluginImport *>(plugin.get());
+        QCOMPARE(import->GetWizardPages(), QList<QWizardPage *>{nullptr});
+        plugin.reset();
+        QVERIFY(host().settings.isEmpty());
+
+        // One that outlives the plug-in's wizard goes with the plug-in.
+        plugin = head().make();
+        const QPointer<QWizardPage> page = pageOf(plugin);
+        {
+            QWizard wizard;
+            wizard.addPage(page);
+            page->setParent(nullptr);
+        }
+        QVERIFY(page);
+        plugin.reset();
+        QVERIFY(!page);
+        QCOMPARE(host().settings.size(), 1);
+    }
     void worksWithoutHost_data() { heads(); }
-    void worksWithoutHost();
+    void worksWithoutHost()
+    {
+        host().setAbsent(true);
+        Plugin plugin = head().make();
+        QVERIFY(pageOf(plugin));
+        changeChoices(pageOf(plugin));
+        plugin.reset();
+        QVERIFY(host().settings.isEmpty());
+        QVERIFY(host().settingsAsked.isEmpty());
+    }
 
 private:
     static void heads();
@@ -144,160 +285,6 @@ const Head &tst_ImportPlugins::head()
 {
     const int index = *static_cast<const int *>(QTest::qData("index", qMetaTypeId<int>()));
     return kHeads[index];
-}
-
-void tst_ImportPlugins::about()
-{
-    const Plugin plugin = head().make();
-    QCOMPARE(QLatin1String(plugin->metaObject()->className()), QLatin1String(head().key));
-    QCOMPARE(plugin->metaObject()->superClass(), &QObject::staticMetaObject);
-    QCOMPARE(plugin->metaObject()->methodCount(), QObject::staticMetaObject.methodCount());
-    QCOMPARE(plugin->objectName(), QLatin1String(head().key));
-    const auto *about = static_cast<ZIAbout *>(plugin->qt_metacast("ZIAbout"));
-    QVERIFY(about);
-    QCOMPARE(about->GetName(), QLatin1String(head().name));
-    QVERIFY(!about->GetAuthor().isEmpty());
-    QCOMPARE(about->GetCompany(), QStringLiteral("Zorvik"));
-    QCOMPARE(about->GetDescription(), QLatin1String(head().description));
-    QCOMPARE(about->GetVersion(), QStringLiteral("3.0.0.400"));
-    QCOMPARE(about->GetIdentifier(), QLatin1String(head().identifier));
-    QVERIFY(!about->GetIcon().pixmap(32).isNull());
-    QVERIFY(QFile::exists(QStringLiteral(":/%1/Resources/%2")
-                              .arg(QLatin1String(head().identifier), QLatin1String(head().icon))));
-
-    DescriptionTranslator translator;
-    QCoreApplication::installTranslator(&translator);
-    QCOMPARE(about->GetDescription(),
-        QLatin1String(head().key) + QLatin1String(": ") + QLatin1String(head().description));
-    QCoreApplication::removeTranslator(&translator);
-}
-
-void tst_ImportPlugins::handsOutItsPage()
-{
-    const Plugin plugin = head().make();
-    auto *import = static_cast<ZIPluginImport *>(plugin->qt_metacast("ZIPluginImport"));
-    QVERIFY(import);
-    const QList<QWizardPage *> pages = import->GetWizardPages();
-    QCOMPARE(pages.size(), 1);
-    QCOMPARE(QLatin1String(pages[0]->metaObject()->className()), QLatin1String(head().pageClass));
-    QVERIFY(!pages[0]->parent());
-    QCOMPARE(import->GetWizardPages(), pages);
-}
-
-void tst_ImportPlugins::remembersChoices()
-{
-    Plugin plugin = head().make();
-    QCOMPARE(host().settingsAsked.size(), 1);
-    const auto [identifier, key, fallback] = host().settingsAsked[0];
-    QCOMPARE(qMakePair(identifier, key), settingOf(head()));
-    QVERIFY(!fallback.isValid());
-    const QStringList fresh = choicesOf(pageOf(plugin));
-    changeChoices(pageOf(plugin));
-    const QStringList changed = choicesOf(pageOf(plugin));
-    for (const QString &choice : changed)
-        QVERIFY2(!fresh.contains(choice), qPrintable(choice));
-
-    QVERIFY(host().settings.isEmpty());
-    // A host may call its plug-ins what it likes.
-    plugin->setObjectName(QStringLiteral("plug-in 3"));
-    plugin.reset();
-    QCOMPARE(host().settings.keys(), (QList<QPair<QString, QString>>{settingOf(head())}));
-    const QVariant saved = host().settings.first();
-    QCOMPARE(saved.userType(), int(QMetaType::QByteArray));
-    QCOMPARE(saved.toByteArray().isEmpty(), !remembers(head()));
-
-    plugin = head().make();
-    QCOMPARE(choicesOf(pageOf(plugin)), remembers(head()) ? changed : fresh);
-}
-
-void tst_ImportPlugins::badStateDoesNoHarm_data()
-{
-    QTest::addColumn<int>("index");
-    QTest::addColumn<QVariantList>("states");
-    for (int i = 0; i < int(std::size(kHeads)); ++i) {
-        host().reset();
-        Plugin plugin = kHeads[i].make();
-        changeChoices(pageOf(plugin));
-        plugin.reset();
-        const QByteArray saved = host().settings.first().toByteArray();
-
-        QVariantList states{QVariant(), QByteArray(), QStringLiteral("on"), 42,
-            QVariantMap{{QStringLiteral("zoom"), 3}}, QByteArray(1000, '\xff'), saved + 'x'};
-        for (int length = 0; length < saved.size(); ++length)
-            states.append(saved.left(length));
-        QTest::addRow("%s, none of this version", kHeads[i].key) << i << states;
-        if (saved.isEmpty())
-            continue;
-        QByteArray later = saved;
-        ++later.data()[5];
-        QByteArray foreign = saved;
-        ++foreign.data()[0];
-        QTest::addRow("%s, later and foreign", kHeads[i].key)
-            << i << QVariantList{later, foreign, QByteArray(later + "more")};
-    }
-}
-
-void tst_ImportPlugins::badStateDoesNoHarm()
-{
-    QFETCH(QVariantList, states);
-    const QStringList fresh = choicesOf(pageOf(head().make()));
-    for (const QVariant &state : states) {
-        host().settings.insert(settingOf(head()), state);
-        const Plugin plugin = head().make();
-        QCOMPARE(choicesOf(pageOf(plugin)), fresh);
-    }
-}
-
-void tst_ImportPlugins::lastOneWins()
-{
-    Plugin first = head().make();
-    Plugin second = head().make();
-    setZoom(pageOf(first), 11);
-    setZoom(pageOf(second), 22);
-    second.reset();
-    first.reset();
-    QCOMPARE(host().settings.size(), 1);
-    const Plugin next = head().make();
-    QVERIFY(
-        choicesOf(pageOf(next))
-            .contains(remembers(head()) ? QStringLiteral("zoom=11") : QStringLiteral("zoom=50")));
-}
-
-void tst_ImportPlugins::pageDiesWithWizard()
-{
-    Plugin plugin = head().make();
-    {
-        QWizard wizard;
-        wizard.addPage(pageOf(plugin));
-    }
-    auto *import = qobject_cast<ZIPluginImport *>(plugin.get());
-    QCOMPARE(import->GetWizardPages(), QList<QWizardPage *>{nullptr});
-    plugin.reset();
-    QVERIFY(host().settings.isEmpty());
-
-    // One that outlives the plug-in's wizard goes with the plug-in.
-    plugin = head().make();
-    const QPointer<QWizardPage> page = pageOf(plugin);
-    {
-        QWizard wizard;
-        wizard.addPage(page);
-        page->setParent(nullptr);
-    }
-    QVERIFY(page);
-    plugin.reset();
-    QVERIFY(!page);
-    QCOMPARE(host().settings.size(), 1);
-}
-
-void tst_ImportPlugins::worksWithoutHost()
-{
-    host().setAbsent(true);
-    Plugin plugin = head().make();
-    QVERIFY(pageOf(plugin));
-    changeChoices(pageOf(plugin));
-    plugin.reset();
-    QVERIFY(host().settings.isEmpty());
-    QVERIFY(host().settingsAsked.isEmpty());
 }
 
 FAKE_HOST_GUI_MAIN(tst_ImportPlugins)

@@ -102,133 +102,130 @@ Q_DECLARE_METATYPE(PreviewScene)
 
 class tst_GrowingPreview : public QObject {
     Q_OBJECT
+
 private slots:
-    void growsToTheWholeDrawing_data();
-    void growsToTheWholeDrawing();
-    void paneDrawsManyBitByBit();
-    void paneStartsOver();
-};
-
-void tst_GrowingPreview::growsToTheWholeDrawing_data()
-{
-    QTest::addColumn<PreviewScene>("scene");
-    QTest::addColumn<int>("zoom");
-    QTest::addColumn<double>("density");
-    const auto row = [](const char *name, const PreviewScene &scene, int zoom, double density = 1) {
-        QTest::newRow(name) << scene << zoom << density;
-    };
-    row("side by side", positions(60, 20, 0, 8), 50);
-    row("overlapping", positions(150, 2, 0, 8), 50);
-    row("overlapping, turned", positions(150, 2, 90, 8), 60);
-    row("overlapping, turned askew", positions(40, 3, 33, 8), 50);
-    row("full size", positions(60, 3, 0, 8), 100);
-    row("tiny", positions(300, 4, 0, 8), 3);
-    row("dense screen", positions(60, 3, 90, 8), 50, 2);
-    row("one place", positions(30, 0, 0, 8), 50);
-    row("no numbers", positions(30, std::numeric_limits<double>::quiet_NaN(), 0, 8), 50);
-    row("grid by columns", grid(5, 0, 60), 50);
-    row("grid by rows", grid(5, 1, 60), 50);
-    row("grid in turning direction", grid(6, 4, 90), 30);
-    row("grid, tiny", grid(9, 3, 400), 2);
-    PreviewScene nothing;
-    nothing.background = Qt::white;
-    row("nothing", nothing, 50);
-}
-
-void tst_GrowingPreview::growsToTheWholeDrawing()
-{
-    QFETCH(const PreviewScene, scene);
-    QFETCH(const int, zoom);
-    QFETCH(const double, density);
-    const QSize size = previewSize(scene, zoom) * density;
-    const PreviewCanvas canvas{size.isEmpty() ? QSize(9, 9) : size, density};
-    const int pictures = std::count_if(scene.cells.begin(), scene.cells.end(),
-        [](const PreviewCell &cell) { return cell.picture >= 0; });
-    const int first = scene.cells.value(0).picture;
-
-    GrowingPreview preview(scene, canvas, colours());
-    Thumbnails thumbnails;
-    QPixmap shown = preview.start(0, 0, {});
-    QCOMPARE(difference(shown.toImage(), wholeDrawing(scene, canvas, 0)), QString());
-
-    QRandomGenerator random(zoom);
-    int read = 0;
-    while (read < first + pictures) {
-        read = qMin(read + 1 + random.bounded(12), first + pictures);
-        const int atATime = 1 + random.bounded(9);
-        while (preview.isBehind(read))
-            preview.grow(shown, read, atATime, std::ref(thumbnails));
-        QCOMPARE(difference(shown.toImage(), wholeDrawing(scene, canvas, read)), QString());
+    void growsToTheWholeDrawing_data()
+    {
+        QTest::addColumn<PreviewScene>("scene");
+        QTest::addColumn<int>("zoom");
+        QTest::addColumn<double>("density");
+        const auto row
+            = [](const char *name, const PreviewScene &scene, int zoom, double density = 1) {
+                  QTest::newRow(name) << scene << zoom << density;
+              };
+        row("side by side", positions(60, 20, 0, 8), 50);
+        row("overlapping", positions(150, 2, 0, 8), 50);
+        row("overlapping, turned", positions(150, 2, 90, 8), 60);
+        row("overlapping, turned askew", positions(40, 3, 33, 8), 50);
+        row("full size", positions(60, 3, 0, 8), 100);
+        row("tiny", positions(300, 4, 0, 8), 3);
+        row("dense screen", positions(60, 3, 90, 8), 50, 2);
+        row("one place", positions(30, 0, 0, 8), 50);
+        row("no numbers", positions(30, std::numeric_limits<double>::quiet_NaN(), 0, 8), 50);
+        row("grid by columns", grid(5, 0, 60), 50);
+        row("grid by rows", grid(5, 1, 60), 50);
+        row("grid in turning direction", grid(6, 4, 90), 30);
+        row("grid, tiny", grid(9, 3, 400), 2);
+        PreviewScene nothing;
+        nothing.background = Qt::white;
+        row("nothing", nothing, 50);
     }
-    QVERIFY(thumbnails.asked <= pictures);
-    // More have been read than there are places for.
-    QVERIFY(!preview.isBehind(read + 5));
-}
+    void growsToTheWholeDrawing()
+    {
+        QFETCH(const PreviewScene, scene);
+        QFETCH(const int, zoom);
+        QFETCH(const double, density);
+        const QSize size = previewSize(scene, zoom) * density;
+        const PreviewCanvas canvas{size.isEmpty() ? QSize(9, 9) : size, density};
+        const int pictures = std::count_if(scene.cells.begin(), scene.cells.end(),
+            [](const PreviewCell &cell) { return cell.picture >= 0; });
+        const int first = scene.cells.value(0).picture;
 
-// The window's other events come in between, and every stage is a drawing of the first pictures.
-void tst_GrowingPreview::paneDrawsManyBitByBit()
-{
-    const PreviewScene scene = positions(900, 1, 0, 8);
-    QScrollArea area;
-    area.setPalette(colours());
-    QSlider zoom;
-    zoom.setValue(50);
-    Thumbnails thumbnails;
-    PreviewPane pane(&area, &zoom, std::ref(thumbnails));
-    const auto drawing = [&] { return pane.label()->pixmap(Qt::ReturnByValue).toImage(); };
-    const auto expected = [&](int read) {
-        return wholeDrawing(scene, {previewSize(scene, 50), 1}, read);
-    };
+        GrowingPreview preview(scene, canvas, colours());
+        Thumbnails thumbnails;
+        QPixmap shown = preview.start(0, 0, {});
+        QCOMPARE(difference(shown.toImage(), wholeDrawing(scene, canvas, 0)), QString());
 
-    pane.show(scene, 0);
-    QVERIFY(!pane.isBusy());
-    QCOMPARE(difference(drawing(), expected(0)), QString());
-    pane.addPictures(10);
-    QVERIFY(!pane.isBusy());
-    QCOMPARE(difference(drawing(), expected(10)), QString());
+        QRandomGenerator random(zoom);
+        int read = 0;
+        while (read < first + pictures) {
+            read = qMin(read + 1 + random.bounded(12), first + pictures);
+            const int atATime = 1 + random.bounded(9);
+            while (preview.isBehind(read))
+                preview.grow(shown, read, atATime, std::ref(thumbnails));
+            QCOMPARE(difference(shown.toImage(), wholeDrawing(scene, canvas, read)), QString());
+        }
+        QVERIFY(thumbnails.asked <= pictures);
+        // More have been read than there are places for.
+        QVERIFY(!preview.isBehind(read + 5));
+    }
 
-    pane.addPictures(900);
-    QVERIFY(pane.isBusy());
-    const int afterFirstStep = thumbnails.asked;
-    QVERIFY(afterFirstStep < 200);
-    QCOMPARE(difference(drawing(), expected(afterFirstStep)), QString());
-    QCoreApplication::processEvents();
-    QVERIFY(thumbnails.asked > afterFirstStep && thumbnails.asked < 400);
-    QTRY_VERIFY(!pane.isBusy());
-    QCOMPARE(thumbnails.asked, 900);
-    QCOMPARE(difference(drawing(), expected(900)), QString());
-}
+    // The window's other events come in between, and every stage is a drawing of the first
+    // pictures.
+    void paneDrawsManyBitByBit()
+    {
+        const PreviewScene scene = positions(900, 1, 0, 8);
+        QScrollArea area;
+        area.setPalette(colours());
+        QSlider zoom;
+        zoom.setValue(50);
+        Thumbnails thumbnails;
+        PreviewPane pane(&area, &zoom, std::ref(thumbnails));
+        const auto drawing = [&] { return pane.label()->pixmap(Qt::ReturnByValue).toImage(); };
+        const auto expected = [&](int read) {
+            return wholeDrawing(scene, {previewSize(scene, 50), 1}, read);
+        };
 
-// A change in mid-drawing costs one drawing and leaves nothing of the one before.
-void tst_GrowingPreview::paneStartsOver()
-{
-    QScrollArea area;
-    area.setPalette(colours());
-    QSlider zoom;
-    zoom.setValue(50);
-    Thumbnails thumbnails;
-    PreviewPane pane(&area, &zoom, std::ref(thumbnails));
-    pane.show(positions(900, 1, 0, 8), 1500);
-    QVERIFY(pane.isBusy());
+        pane.show(scene, 0);
+        QVERIFY(!pane.isBusy());
+        QCOMPARE(difference(drawing(), expected(0)), QString());
+        pane.addPictures(10);
+        QVERIFY(!pane.isBusy());
+        QCOMPARE(difference(drawing(), expected(10)), QString());
 
-    const PreviewScene turned = positions(800, 1, 90, 8);
-    zoom.setValue(30);
-    thumbnails.asked = 0;
-    pane.show(turned, 700);
-    QTRY_VERIFY(!pane.isBusy());
-    QCOMPARE(thumbnails.asked, 700);
-    QCOMPARE(difference(pane.label()->pixmap(Qt::ReturnByValue).toImage(),
-                 wholeDrawing(turned, {previewSize(turned, 30), 1}, 700)),
-        QString());
+        pane.addPictures(900);
+        QVERIFY(pane.isBusy());
+        const int afterFirstStep = thumbnails.asked;
+        QVERIFY(afterFirstStep < 200);
+        QCOMPARE(difference(drawing(), expected(afterFirstStep)), QString());
+        QCoreApplication::processEvents();
+        QVERIFY(thumbnails.asked > afterFirstStep && thumbnails.asked < 400);
+        QTRY_VERIFY(!pane.isBusy());
+        QCOMPARE(thumbnails.asked, 900);
+        QCOMPARE(difference(drawing(), expected(900)), QString());
+    }
 
-    pane.show(turned, 800);
-    QVERIFY(pane.isBusy());
-    pane.show({}, 0);
-    QVERIFY(!pane.isBusy());
-    QVERIFY(pane.label()->pixmap(Qt::ReturnByValue).isNull());
-    pane.addPictures(5);
-    QVERIFY(pane.label()->pixmap(Qt::ReturnByValue).isNull());
-}
+    // A change in mid-drawing costs one drawing and leaves nothing of the one before.
+    void paneStartsOver()
+    {
+        QScrollArea area;
+        area.setPalette(colours());
+        QSlider zoom;
+        zoom.setValue(50);
+        Thumbnails thumbnails;
+        PreviewPane pane(&area, &zoom, std::ref(thumbnails));
+        pane.show(positions(900, 1, 0, 8), 1500);
+        QVERIFY(pane.isBusy());
+
+        const PreviewScene turned = positions(800, 1, 90, 8);
+        zoom.setValue(30);
+        thumbnails.asked = 0;
+        pane.show(turned, 700);
+        QTRY_VERIFY(!pane.isBusy());
+        QCOMPARE(thumbnails.asked, 700);
+        QCOMPARE(difference(pane.label()->pixmap(Qt::ReturnByValue).toImage(),
+                     wholeDrawing(turned, {previewSize(turned, 30), 1}, 700)),
+            QString());
+
+        pane.show(turned, 800);
+        QVERIFY(pane.isBusy());
+        pane.show({}, 0);
+        QVERIFY(!pane.isBusy());
+        QVERIFY(pane.label()->pixmap(Qt::ReturnByValue).isNull());
+        pane.addPictures(5);
+        QVERIFY(pane.label()->pixmap(Qt::ReturnByValue).isNull());
+    }
+};
 
 QTEST_MAIN(tst_GrowingPreview)
 #include "tst_GrowingPreview.moc"

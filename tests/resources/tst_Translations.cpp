@@ -74,12 +74,70 @@ class tst_Translations : public QObject {
     Q_OBJECT
 
 private slots:
-    void everyTextOfTheSourcesIsTranslated_data();
-    void everyTextOfTheSourcesIsTranslated();
-    void translationsKeepWhatTheCodeFillsIn_data();
-    void translationsKeepWhatTheCodeFillsIn();
-    void builtFileTranslates_data();
-    void builtFileTranslates();
+    void everyTextOfTheSourcesIsTranslated_data() { languages(); }
+    void everyTextOfTheSourcesIsTranslated()
+    {
+        QFETCH(QString, language);
+        const QString name = QStringLiteral("ZPanoHead_%1.ts").arg(language);
+        QTemporaryDir folder;
+        const QString copy = folder.filePath(name);
+        QVERIFY(QFile::copy(QStringLiteral(TRANSLATIONS "/") + name, copy));
+
+        QProcess lupdate;
+        lupdate.setWorkingDirectory(QStringLiteral(SOURCES));
+        lupdate.start(QStringLiteral(LUPDATE),
+            QStringList{QStringLiteral("-silent")}
+                + QStringLiteral(TRANSLATED_FOLDERS).split(QLatin1Char(','))
+                + QStringList{QStringLiteral("-ts"), copy});
+        QVERIFY(lupdate.waitForFinished(60000));
+        QCOMPARE(lupdate.exitCode(), 0);
+
+        QStringList open;
+        const QVector<Text> texts = textsOf(copy);
+        QVERIFY(!texts.isEmpty());
+        for (const Text &text : texts) {
+            if (!text.finished)
+                open.append(text.context + QLatin1String(": ") + text.source);
+        }
+        QVERIFY2(open.isEmpty(),
+            qPrintable(
+                QLatin1String("To translate, or to drop (cmake --build --preset dev --target "
+                              "update_translations):\n")
+                + open.join(QLatin1Char('\n'))));
+    }
+
+    void translationsKeepWhatTheCodeFillsIn_data() { languages(); }
+    void translationsKeepWhatTheCodeFillsIn()
+    {
+        QFETCH(QString, language);
+        const auto texts = textsOf(QStringLiteral(TRANSLATIONS "/ZPanoHead_%1.ts").arg(language));
+        for (const Text &text : texts) {
+            const QByteArray why = (text.source + QLatin1String(" | ") + text.translation).toUtf8();
+            QVERIFY2(placesIn(text.source) == placesIn(text.translation), why.constData());
+            QVERIFY2(tagsIn(text.source) == tagsIn(text.translation), why.constData());
+            QVERIFY2(endsInBlank(text.source) == endsInBlank(text.translation), why.constData());
+            QVERIFY2(
+                beginsWithBlank(text.source) == beginsWithBlank(text.translation), why.constData());
+            QVERIFY2(text.source.count(QLatin1String(";;"))
+                    == text.translation.count(QLatin1String(";;")),
+                why.constData());
+        }
+    }
+
+    void builtFileTranslates_data() { languages(); }
+    void builtFileTranslates()
+    {
+        QFETCH(QString, language);
+        QTranslator translator;
+        QVERIFY(translator.load(
+            QStringLiteral("ZPanoHead_") + language, QStringLiteral(MODULE_FOLDER)));
+        const auto texts = textsOf(QStringLiteral(TRANSLATIONS "/ZPanoHead_%1.ts").arg(language));
+        for (const Text &text : texts) {
+            QCOMPARE(translator.translate(
+                         text.context.toUtf8().constData(), text.source.toUtf8().constData()),
+                text.translation);
+        }
+    }
 
 private:
     static void languages();
@@ -90,82 +148,6 @@ void tst_Translations::languages()
     QTest::addColumn<QString>("language");
     QTest::newRow("German") << QStringLiteral("de");
     QTest::newRow("French") << QStringLiteral("fr");
-}
-
-void tst_Translations::everyTextOfTheSourcesIsTranslated_data()
-{
-    languages();
-}
-
-void tst_Translations::everyTextOfTheSourcesIsTranslated()
-{
-    QFETCH(QString, language);
-    const QString name = QStringLiteral("ZPanoHead_%1.ts").arg(language);
-    QTemporaryDir folder;
-    const QString copy = folder.filePath(name);
-    QVERIFY(QFile::copy(QStringLiteral(TRANSLATIONS "/") + name, copy));
-
-    QProcess lupdate;
-    lupdate.setWorkingDirectory(QStringLiteral(SOURCES));
-    lupdate.start(QStringLiteral(LUPDATE),
-        QStringList{QStringLiteral("-silent")}
-            + QStringLiteral(TRANSLATED_FOLDERS).split(QLatin1Char(','))
-            + QStringList{QStringLiteral("-ts"), copy});
-    QVERIFY(lupdate.waitForFinished(60000));
-    QCOMPARE(lupdate.exitCode(), 0);
-
-    QStringList open;
-    const QVector<Text> texts = textsOf(copy);
-    QVERIFY(!texts.isEmpty());
-    for (const Text &text : texts) {
-        if (!text.finished)
-            open.append(text.context + QLatin1String(": ") + text.source);
-    }
-    QVERIFY2(open.isEmpty(),
-        qPrintable(QLatin1String("To translate, or to drop (cmake --build --preset dev --target "
-                                 "update_translations):\n")
-            + open.join(QLatin1Char('\n'))));
-}
-
-void tst_Translations::translationsKeepWhatTheCodeFillsIn_data()
-{
-    languages();
-}
-
-void tst_Translations::translationsKeepWhatTheCodeFillsIn()
-{
-    QFETCH(QString, language);
-    const auto texts = textsOf(QStringLiteral(TRANSLATIONS "/ZPanoHead_%1.ts").arg(language));
-    for (const Text &text : texts) {
-        const QByteArray why = (text.source + QLatin1String(" | ") + text.translation).toUtf8();
-        QVERIFY2(placesIn(text.source) == placesIn(text.translation), why.constData());
-        QVERIFY2(tagsIn(text.source) == tagsIn(text.translation), why.constData());
-        QVERIFY2(endsInBlank(text.source) == endsInBlank(text.translation), why.constData());
-        QVERIFY2(
-            beginsWithBlank(text.source) == beginsWithBlank(text.translation), why.constData());
-        QVERIFY2(
-            text.source.count(QLatin1String(";;")) == text.translation.count(QLatin1String(";;")),
-            why.constData());
-    }
-}
-
-void tst_Translations::builtFileTranslates_data()
-{
-    languages();
-}
-
-void tst_Translations::builtFileTranslates()
-{
-    QFETCH(QString, language);
-    QTranslator translator;
-    QVERIFY(
-        translator.load(QStringLiteral("ZPanoHead_") + language, QStringLiteral(MODULE_FOLDER)));
-    const auto texts = textsOf(QStringLiteral(TRANSLATIONS "/ZPanoHead_%1.ts").arg(language));
-    for (const Text &text : texts) {
-        QCOMPARE(translator.translate(
-                     text.context.toUtf8().constData(), text.source.toUtf8().constData()),
-            text.translation);
-    }
 }
 
 QTEST_GUILESS_MAIN(tst_Translations)
