@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "align/RecordJson.h"
+#include "tests/support/Table.h"
 
 #include <QDir>
 #include <QFile>
@@ -10,7 +11,6 @@
 #include <QJsonObject>
 #include <QProcess>
 #include <QTemporaryDir>
-#include <QTest>
 #include <csignal>
 
 namespace {
@@ -39,10 +39,10 @@ class tst_AlignCommand : public QObject {
 
     QTemporaryDir m_folder;
 
-    QString path(const QString &name) const { return m_folder.filePath(name); }
+    QString path(const Text &name) const { return m_folder.filePath(name); }
 
     /// Runs "panohost align" in the folder.
-    Output align(const QString &arguments) const
+    Output align(const Text &arguments) const
     {
         QProcess process;
         process.setWorkingDirectory(m_folder.path());
@@ -53,7 +53,7 @@ class tst_AlignCommand : public QObject {
             process.readAllStandardOutput(), process.readAllStandardError()};
     }
 
-    bool make(const QString &name, const QString &arguments) const
+    bool make(const Text &name, const Text &arguments) const
     {
         return QProcess::execute(QStringLiteral(MAKESHOOTING),
                    words(arguments) + QStringList{QStringLiteral("--output"), path(name)})
@@ -63,8 +63,8 @@ class tst_AlignCommand : public QObject {
 private slots:
     void initTestCase()
     {
-        QVERIFY(make(QStringLiteral("shooting"),
-            QStringLiteral("--rows 2 --columns 3 --focal 24 --size 360x240 --head-error 0.3")));
+        QVERIFY(
+            make("shooting", "--rows 2 --columns 3 --focal 24 --size 360x240 --head-error 0.3"));
     }
 
     void report()
@@ -75,21 +75,19 @@ private slots:
         QVERIFY2(text.exitCode == 0, text.complaints.constData());
         QVERIFY2(text.text.startsWith("6 pictures, 6 joined\n"), text.text.constData());
         QVERIFY(text.text.contains("focal length "));
-        const QByteArray project = contentOf(path(QStringLiteral("a.pto")));
+        const QByteArray project = contentOf(path("a.pto"));
         QVERIFY(project.contains("\nc n0 N1 "));
         QVERIFY(project.contains(" n\"shooting/IMG_0001.jpg\""));
-        QVERIFY(!QFile::exists(path(QStringLiteral("a.pto.matches"))));
+        QVERIFY(!QFile::exists(path("a.pto.matches")));
 
         // Nothing is written over unasked.
         QCOMPARE(align(arguments).exitCode, 1);
-        const Output json = align(arguments + QStringLiteral(" --force --json --keep"));
+        const Output json = align(arguments + QLatin1String(" --force --json --keep"));
         QCOMPARE(json.exitCode, 0);
         const QJsonObject report = QJsonDocument::fromJson(json.text).object();
-        QCOMPARE(report.keys(),
-            (QStringList{QStringLiteral("distortion"), QStringLiteral("focal"),
-                QStringLiteral("head_error_deg"), QStringLiteral("held"), QStringLiteral("joined"),
-                QStringLiteral("pictures"), QStringLiteral("residual_px"),
-                QStringLiteral("seconds"), QStringLiteral("suspect")}));
+        QCOMPARE(report.keys().join(QLatin1Char(' ')),
+            QStringLiteral("distortion focal head_error_deg held joined pictures residual_px "
+                           "seconds suspect"));
         QCOMPARE(report.value(QLatin1String("joined")).toInt(), 6);
         QCOMPARE(report.value(QLatin1String("held")).toArray().size(), 0);
         const QJsonObject residual = report.value(QLatin1String("residual_px")).toObject();
@@ -99,14 +97,13 @@ private slots:
         QVERIFY(head.value(QLatin1String("worst")).toDouble() > 0.1);
         QVERIFY(head.value(QLatin1String("worst")).toDouble() < 2);
         QVERIFY(report.value(QLatin1String("seconds")).toObject().size() >= 2);
-        QVERIFY(QFile::exists(path(QStringLiteral("a.pto.matches"))));
-        QCOMPARE(contentOf(path(QStringLiteral("a.pto"))), project);
+        QVERIFY(QFile::exists(path("a.pto.matches")));
+        QCOMPARE(contentOf(path("a.pto")), project);
 
-        const Output again = align(QStringLiteral("--record-in a.json --output b.pto"));
+        const Output again = align("--record-in a.json --output b.pto");
         QCOMPARE(again.exitCode, 0);
-        QCOMPARE(contentOf(path(QStringLiteral("b.pto"))), project);
-        const Output longer
-            = align(QStringLiteral("--record-in a.json --focal 25 --output b.pto --force --json"));
+        QCOMPARE(contentOf(path("b.pto")), project);
+        const Output longer = align("--record-in a.json --focal 25 --output b.pto --force --json");
         const double found = QJsonDocument::fromJson(longer.text)
                                  .object()
                                  .value(QLatin1String("focal"))
@@ -117,22 +114,15 @@ private slots:
     void fisheyeRecordsWithoutFocal()
     {
         // Such a record leaves the lens to the pictures, and so it is with a focal length given.
-        QVERIFY(make(QStringLiteral("fisheye"),
-            QStringLiteral("--lens fisheye --format clauss --rows 1 --columns 4 --full-turn "
-                           "--focal 12 --size 360x240")));
-        const QString config = QDir(path(QStringLiteral("fisheye")))
-                                   .entryList({QStringLiteral("*.txt"), QStringLiteral("*.rod*"),
-                                       QStringLiteral("*script*")})
-                                   .value(0);
-        QVERIFY(!config.isEmpty());
-        const Output first = align(QStringLiteral("clauss --config fisheye/%1 --output f.pto "
-                                                  "--record f.json fisheye")
-                                       .arg(config));
+        QVERIFY(make("fisheye",
+            "--lens fisheye --format clauss --rows 1 --columns 4 --full-turn "
+            "--focal 12 --size 360x240"));
+        const Output first = align("clauss --config fisheye/script.txt --output f.pto "
+                                   "--record f.json fisheye");
         QVERIFY2(first.exitCode == 0, first.complaints.constData());
-        const Output second
-            = align(QStringLiteral("--record-in f.json --focal 12.2 --output g.pto"));
+        const Output second = align("--record-in f.json --focal 12.2 --output g.pto");
         QVERIFY2(second.text.startsWith("4 pictures, 4 joined\n"), second.text.constData());
-        QVERIFY(contentOf(path(QStringLiteral("g.pto"))).contains(" f3 "));
+        QVERIFY(contentOf(path("g.pto")).contains(" f3 "));
     }
 
     void interrupted()
@@ -144,7 +134,7 @@ private slots:
             words(QStringLiteral(
                 "align papywizard --config shooting/shooting.xml --output c.pto shooting")));
         QVERIFY(process.waitForStarted());
-        const QString cache = path(QStringLiteral("c.pto.matches"));
+        const QString cache = path("c.pto.matches");
         while (!QFile::exists(cache) && process.state() == QProcess::Running)
             process.waitForFinished(1);
         // A process that has ended has no number, and 0 would mean all who run this test.
@@ -152,34 +142,28 @@ private slots:
             ::kill(static_cast<pid_t>(process.processId()), SIGINT);
         QVERIFY(process.state() == QProcess::NotRunning || process.waitForFinished());
         QCOMPARE(process.exitStatus(), QProcess::NormalExit);
-        QCOMPARE(process.exitCode() == 0, QFile::exists(path(QStringLiteral("c.pto"))));
+        QCOMPARE(process.exitCode() == 0, QFile::exists(path("c.pto")));
         if (process.exitCode() != 0)
             QVERIFY(process.readAllStandardError().contains("interrupted"));
-        QCOMPARE(align(QStringLiteral("papywizard --config shooting/shooting.xml --output c.pto "
-                                      "--force shooting"))
+        QCOMPARE(align("papywizard --config shooting/shooting.xml --output c.pto --force shooting")
                      .exitCode,
             0);
         QVERIFY(!QFile::exists(cache));
-        QCOMPARE(
-            contentOf(path(QStringLiteral("c.pto"))), contentOf(path(QStringLiteral("a.pto"))));
+        QCOMPARE(contentOf(path("c.pto")), contentOf(path("a.pto")));
     }
 
     void wrongUsage_data()
     {
-        QTest::addColumn<QString>("arguments");
-        QTest::addColumn<int>("exitCode");
-        QTest::addColumn<QByteArray>("complaint");
-        QTest::newRow("no output")
-            << QStringLiteral("papywizard --config shooting/shooting.xml shooting") << 2
-            << QByteArray("--output FILE.pto is missing");
-        QTest::newRow("over a picture")
-            << QStringLiteral("papywizard --config shooting/shooting.xml --force "
-                              "--output shooting/IMG_0001.jpg shooting")
-            << 1 << QByteArray("IMG_0001.jpg");
-        QTest::newRow("no such record") << QStringLiteral("--record-in nowhere.json --output d.pto")
-                                        << 1 << QByteArray("nowhere.json: cannot be opened");
-        QTest::newRow("no such head")
-            << QStringLiteral("camera --output d.pto shooting") << 2 << QByteArray("camera");
+        const Table<QString, int, QByteArray> row("arguments", "exitCode", "complaint");
+        row("no output", "papywizard --config shooting/shooting.xml shooting", 2,
+            "--output FILE.pto is missing");
+        row("over a picture",
+            "papywizard --config shooting/shooting.xml --force "
+            "--output shooting/IMG_0001.jpg shooting",
+            1, "IMG_0001.jpg");
+        row("no such record", "--record-in nowhere.json --output d.pto", 1,
+            "nowhere.json: cannot be opened");
+        row("no such head", "camera --output d.pto shooting", 2, "camera");
     }
     void wrongUsage()
     {
@@ -188,7 +172,7 @@ private slots:
         const Output output = align(arguments);
         QTEST(output.exitCode, "exitCode");
         QVERIFY2(output.complaints.contains(complaint), output.complaints.constData());
-        QVERIFY(!QFile::exists(path(QStringLiteral("d.pto"))));
+        QVERIFY(!QFile::exists(path("d.pto")));
     }
 };
 

@@ -4,6 +4,7 @@
 #include "apps/panohost/Module.h"
 #include "apps/panohost/window/HostApplication.h"
 #include "tests/align/TestPicture.h"
+#include "tests/support/Table.h"
 
 #include <QDir>
 #include <QProcess>
@@ -11,7 +12,6 @@
 #include <QSignalSpy>
 #include <QStandardPaths>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QThread>
 #include <atomic>
 #include <memory>
@@ -70,15 +70,11 @@ private slots:
 
     void translations_data()
     {
-        QTest::addColumn<QString>("asked");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("territory")
-            << QStringLiteral("ZPanoHead_fr_FR.qm") << QStringLiteral("fr_FR");
-        QTest::newRow("language only")
-            << QStringLiteral("ZPanoHead_fr_CA.qm") << QStringLiteral("fr");
-        QTest::newRow("none") << QStringLiteral("ZPanoHead_de_DE.qm") << QStringLiteral("Comment");
-        QTest::newRow("a path") << QStringLiteral("../ZPanoHead_fr_FR.qm")
-                                << QStringLiteral("fr_FR");
+        const Table<QString, QString> row("asked", "text");
+        row("territory", "ZPanoHead_fr_FR.qm", "fr_FR");
+        row("language only", "ZPanoHead_fr_CA.qm", "fr");
+        row("none", "ZPanoHead_de_DE.qm", "Comment");
+        row("a path", "../ZPanoHead_fr_FR.qm", "fr_FR");
     }
     void translations()
     {

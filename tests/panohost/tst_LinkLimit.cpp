@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "apps/panohost/heads/Head.h"
+#include "tests/support/Table.h"
 
 #include <QTemporaryDir>
-#include <QTest>
 #include <cmath>
 
 namespace {
@@ -66,82 +66,67 @@ Q_DECLARE_METATYPE(ImportOptions)
 /// Imports of shootings that would link nearly everything with everything.
 class tst_LinkLimit : public QObject {
     Q_OBJECT
+
 private slots:
-    void refuses_data();
-    void refuses();
+    void refuses_data()
+    {
+        // The odd focal length is the first picture's alone.
+        const Table<QString, int, int, float, float, ImportOptions, QString> row(
+            "head", "shots", "brackets", "focal", "oddFocal", "options", "expected");
+        const QString papywizard = QStringLiteral("papywizard");
+        const QString clauss = QStringLiteral("clauss");
+        const auto sentence = [](const char *focal, const char *millions) {
+            return QStringLiteral(
+                "a focal length of %1 mm makes about %2 million links between the "
+                "pictures, more than 20 million; --focal MM gives another")
+                .arg(QLatin1String(focal), QLatin1String(millions));
+        };
+        ImportOptions none;
+        ImportOptions oneMillimetre;
+        oneMillimetre.focal = 1;
+        ImportOptions fisheye = oneMillimetre;
+        fisheye.lensType = 1;
+        ImportOptions tele;
+        tele.focal = 200;
+
+        // With 1 mm a Papywizard shooting links pictures up to 134.4 degrees apart, 85 of 100.
+        row("Papywizard", papywizard, 8000, 1, 1.0F, 1.0F, none, sentence("1", "27"));
+        row("Papywizard, usual focal", papywizard, 8000, 1, 50.0F, 50.0F, none, "");
+        row("Papywizard, focal given", papywizard, 8000, 1, 50.0F, 50.0F, oneMillimetre,
+            sentence("1", "27"));
+        row("Papywizard, better focal given", papywizard, 8000, 1, 1.0F, 1.0F, tele, "");
+        row("a fisheye has no links", papywizard, 8000, 1, 1.0F, 1.0F, fisheye, "");
+        row("locations count, not pictures", papywizard, 9000, 3, 1.0F, 1.0F, none, "");
+        // 124.8 degrees, 79 of 100.
+        row("Clauss", clauss, 8000, 1, 1.0F, 1.0F, none, sentence("1", "25"));
+        row("Clauss, one odd focal", clauss, 8000, 1, 200.0F, 1.0F, none, "");
+        row("Clauss, one usual focal", clauss, 8000, 1, 1.0F, 200.0F, none, sentence("1", "25"));
+        row("Clauss, focal given", clauss, 8000, 1, 200.0F, 200.0F, oneMillimetre,
+            sentence("1", "25"));
+    }
+    void refuses()
+    {
+        QFETCH(const QString, head);
+        QFETCH(const int, shots);
+        QFETCH(const int, brackets);
+        QFETCH(const float, focal);
+        QFETCH(const float, oddFocal);
+        QFETCH(const ImportOptions, options);
+        QFETCH(const QString, expected);
+
+        QTemporaryDir folder;
+        QFile file(folder.filePath(QStringLiteral("shooting")));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(head == QLatin1String("clauss") ? script(shots) : shootingXml(shots, brackets));
+        file.close();
+
+        const std::unique_ptr<Head> import = findHead(head)->make();
+        QVERIFY(import->readFile(file.fileName(), {}));
+        PictureList list = pictures(shots, focal);
+        list.facts[0].focal = oddFocal;
+        QCOMPARE(import->obstacles(list, options).join(QLatin1Char('\n')), expected);
+    }
 };
-
-void tst_LinkLimit::refuses_data()
-{
-    QTest::addColumn<QString>("head");
-    QTest::addColumn<int>("shots");
-    QTest::addColumn<int>("brackets");
-    QTest::addColumn<float>("focal");
-    // Of the first picture alone.
-    QTest::addColumn<float>("oddFocal");
-    QTest::addColumn<ImportOptions>("options");
-    QTest::addColumn<QString>("expected");
-
-    const QString papywizard = QStringLiteral("papywizard");
-    const QString clauss = QStringLiteral("clauss");
-    const auto sentence = [](const char *focal, const char *millions) {
-        return QStringLiteral("a focal length of %1 mm makes about %2 million links between the "
-                              "pictures, more than 20 million; --focal MM gives another")
-            .arg(QLatin1String(focal), QLatin1String(millions));
-    };
-    ImportOptions none;
-    ImportOptions oneMillimetre;
-    oneMillimetre.focal = 1;
-    ImportOptions fisheye = oneMillimetre;
-    fisheye.lensType = 1;
-    ImportOptions tele;
-    tele.focal = 200;
-
-    // With 1 mm a Papywizard shooting links pictures up to 134.4 degrees apart, 85 of 100.
-    QTest::newRow("Papywizard") << papywizard << 8000 << 1 << 1.0F << 1.0F << none
-                                << sentence("1", "27");
-    QTest::newRow("Papywizard, usual focal")
-        << papywizard << 8000 << 1 << 50.0F << 50.0F << none << QString();
-    QTest::newRow("Papywizard, focal given")
-        << papywizard << 8000 << 1 << 50.0F << 50.0F << oneMillimetre << sentence("1", "27");
-    QTest::newRow("Papywizard, better focal given")
-        << papywizard << 8000 << 1 << 1.0F << 1.0F << tele << QString();
-    QTest::newRow("a fisheye has no links")
-        << papywizard << 8000 << 1 << 1.0F << 1.0F << fisheye << QString();
-    QTest::newRow("locations count, not pictures")
-        << papywizard << 9000 << 3 << 1.0F << 1.0F << none << QString();
-    // 124.8 degrees, 79 of 100.
-    QTest::newRow("Clauss") << clauss << 8000 << 1 << 1.0F << 1.0F << none << sentence("1", "25");
-    QTest::newRow("Clauss, one odd focal")
-        << clauss << 8000 << 1 << 200.0F << 1.0F << none << QString();
-    QTest::newRow("Clauss, one usual focal")
-        << clauss << 8000 << 1 << 1.0F << 200.0F << none << sentence("1", "25");
-    QTest::newRow("Clauss, focal given")
-        << clauss << 8000 << 1 << 200.0F << 200.0F << oneMillimetre << sentence("1", "25");
-}
-
-void tst_LinkLimit::refuses()
-{
-    QFETCH(const QString, head);
-    QFETCH(const int, shots);
-    QFETCH(const int, brackets);
-    QFETCH(const float, focal);
-    QFETCH(const float, oddFocal);
-    QFETCH(const ImportOptions, options);
-    QFETCH(const QString, expected);
-
-    QTemporaryDir folder;
-    QFile file(folder.filePath(QStringLiteral("shooting")));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(head == QLatin1String("clauss") ? script(shots) : shootingXml(shots, brackets));
-    file.close();
-
-    const std::unique_ptr<Head> import = findHead(head)->make();
-    QVERIFY(import->readFile(file.fileName(), {}));
-    PictureList list = pictures(shots, focal);
-    list.facts[0].focal = oddFocal;
-    QCOMPARE(import->obstacles(list, options).join(QLatin1Char('\n')), expected);
-}
 
 QTEST_GUILESS_MAIN(tst_LinkLimit)
 #include "tst_LinkLimit.moc"

@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "tests/align/TestPicture.h"
+#include "tests/support/Table.h"
 
 #include <QDir>
 #include <QHash>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
-#include <QTest>
 #include <cmath>
 
 namespace {
@@ -63,12 +63,7 @@ class tst_Shootings : public QObject {
 private slots:
     void standWhereTheyWereTaken_data()
     {
-        QTest::addColumn<QString>("shooting");
-        QTest::addColumn<QString>("import");
-
-        const auto row = [](const char *shooting, const char *import) {
-            QTest::newRow(shooting) << QString::fromLatin1(shooting) << QString::fromLatin1(import);
-        };
+        const Table<QString, QString> row("shooting", "import");
         row("--format papywizard --rows 2 --columns 5", "papywizard --config shooting.xml");
         row("--format papywizard --rows 2 --columns 3 --portrait tag --brackets 3",
             "papywizard --config shooting.xml");
