@@ -1,26 +1,22 @@
 // SPDX-FileCopyrightText: 2026 The ZPanoHead authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "tests/align/TestPicture.h"
+#include "tests/support/Table.h"
+
 #include <QColorSpace>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QImage>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTemporaryDir>
-#include <QTest>
 #include <cmath>
 #include <csignal>
 #include <exiv2/exiv2.hpp>
 
 namespace {
-
-QStringList words(const QString &text)
-{
-    return text.isEmpty() ? QStringList() : text.split(QLatin1Char(' '));
-}
 
 QByteArray contentOf(const QString &path)
 {
@@ -28,22 +24,14 @@ QByteArray contentOf(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-void writeFile(const QString &path, const QByteArray &content)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(content);
-}
-
-/// Peak signal to noise ratio in decibels of \a picture against the part of \a scene, the whole
-/// sphere in the same scale, from row \a top on.
-double likeness(const QImage &picture, const QImage &scene, int top)
+/// Peak signal to noise ratio in decibels of \a picture against \a scene.
+double likeness(const QImage &picture, const QImage &scene)
 {
     double sum = 0;
     for (int y = 0; y < picture.height(); ++y) {
         for (int x = 0; x < picture.width(); ++x) {
             const QRgb a = picture.pixel(x, y);
-            const QRgb b = scene.pixel(x, top + y);
+            const QRgb b = scene.pixel(x, y);
             for (const int difference :
                 {qRed(a) - qRed(b), qGreen(a) - qGreen(b), qBlue(a) - qBlue(b)})
                 sum += difference * difference;
@@ -71,13 +59,6 @@ double unevenness(const QImage &picture, const QImage &scene)
         }
     }
     return std::sqrt(squares / count - sum * sum / count / count);
-}
-
-QElapsedTimer started()
-{
-    QElapsedTimer timer;
-    timer.start();
-    return timer;
 }
 
 /// Whether \a log tells of one bar that begins at most at a tenth, never goes back and comes beyond
@@ -120,42 +101,42 @@ private:
         QString err;
     };
 
-    QString at(const QString &name) const { return m_folder.filePath(name); }
+    QString at(const Text &name) const { return m_folder.filePath(name); }
 
     /// \a path in front of PATH, where given.
-    Run panohost(const QString &arguments, const QString &path = {}) const
+    Run panohost(const Text &arguments, const QString &path = {}) const
     {
         QProcess process;
-        prepare(process, path);
-        process.start(QStringLiteral(PANOHOST), words(arguments));
+        start(process, arguments, path);
         process.waitForFinished(120'000);
         return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
             QString::fromUtf8(process.readAllStandardOutput()),
             QString::fromUtf8(process.readAllStandardError())};
     }
 
-    void prepare(QProcess &process, const QString &path) const
+    void start(QProcess &process, const QString &arguments, const QString &path,
+        const char *program = PANOHOST) const
     {
         process.setWorkingDirectory(m_folder.path());
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         if (!path.isEmpty())
             environment.insert(QStringLiteral("PATH"), path);
         process.setProcessEnvironment(environment);
+        process.start(QString::fromUtf8(program), arguments.split(QLatin1Char(' ')));
     }
 
-    void shoot(const QString &name, const QString &arguments) const
+    void shoot(const Text &arguments) const
     {
         QProcess process;
-        process.start(QStringLiteral(MAKESHOOTING),
-            words(arguments) << QStringLiteral("--output") << at(name));
+        start(process, arguments, {}, MAKESHOOTING);
         QVERIFY(process.waitForFinished(120'000));
         QVERIFY2(process.exitCode() == 0, process.readAllStandardError().constData());
     }
 
     /// A folder in front of PATH in which \a tool is a script.
-    QString pathWith(const QString &tool, const QByteArray &script) const
+    QString pathWith(const Text &tool, const QByteArray &script) const
     {
-        const QString folder = at(QStringLiteral("bin"));
+        const QString folder = at("bin");
         QDir(folder).removeRecursively();
         QDir().mkpath(folder);
         const QString file = QDir(folder).filePath(tool);
@@ -164,7 +145,7 @@ private:
         return folder + QLatin1Char(':') + QString::fromLocal8Bit(qgetenv("PATH"));
     }
 
-    QStringList filesIn(const QString &folder, const QString &pattern) const
+    QStringList filesIn(const Text &folder, const Text &pattern) const
     {
         return QDir(at(folder)).entryList({pattern}, QDir::Files, QDir::Name);
     }
@@ -176,28 +157,20 @@ private slots:
             if (QStandardPaths::findExecutable(QLatin1String(tool)).isEmpty())
                 QSKIP("Hugin's tools, enblend and enfuse are not installed");
         }
-        shoot(QStringLiteral("sphere"), QStringLiteral("--sphere --size 180x120"));
-        shoot(QStringLiteral("brackets"),
-            QStringLiteral("--format vrdrive2 --rows 1 --columns 6 --full-turn --brackets 3 "
-                           "--size 90x60"));
-        shoot(QStringLiteral("flat"),
-            QStringLiteral("--format gigapan --rows 3 --columns 3 --focal 100 --size 180x120"));
-        shoot(QStringLiteral("two"), QStringLiteral("--rows 1 --columns 2 --size 120x80"));
-        shoot(QStringLiteral("fisheyes"),
-            QStringLiteral("--sphere --lens fisheye --focal 10 --size 300x200"));
-        shoot(QStringLiteral("wide"),
-            QStringLiteral("--rows 1 --columns 2 --size 240x16 --focal 10"));
+        shoot("--output sphere --sphere --size 180x120");
+        shoot("--output brackets --format vrdrive2 --rows 1 --columns 6 --full-turn --brackets 3 "
+              "--size 90x60");
+        shoot("--output flat --format gigapan --rows 3 --columns 3 --focal 100 --size 180x120");
+        shoot("--output two --rows 1 --columns 2 --size 120x80");
+        shoot("--output fisheyes --sphere --lens fisheye --focal 10 --size 300x200");
+        shoot("--output wide --rows 1 --columns 2 --size 240x16 --focal 10");
+        shoot("--scene scene.png --scene-width 480");
         // RAW pictures begin like a TIFF; browsers' pictures like nothing the tools know.
-        writeFile(at(QStringLiteral("raw.NEF")), QByteArray("II*\0\x08\0\0\0", 8));
-        writeFile(at(QStringLiteral("web.jpg")), "RIFF\x20\0\0\0WEBP");
-        QByteArray project = contentOf(at(QStringLiteral("two/truth.pto")));
-        writeFile(at(QStringLiteral("foreign.pto")),
+        writeFile(at("raw.NEF"), QByteArray("II*\0\x08\0\0\0", 8));
+        writeFile(at("web.jpg"), "RIFF\x20\0\0\0WEBP");
+        QByteArray project = contentOf(at("two/truth.pto"));
+        writeFile(at("foreign.pto"),
             project.replace("IMG_0001.jpg", "raw.NEF").replace("IMG_0002.jpg", "web.jpg"));
-        QProcess process;
-        process.start(QStringLiteral(MAKESHOOTING),
-            {QStringLiteral("--scene"), at(QStringLiteral("scene.png")),
-                QStringLiteral("--scene-width"), QStringLiteral("480")});
-        QVERIFY(process.waitForFinished(120'000) && process.exitCode() == 0);
     }
 
     void cleanup()
@@ -211,28 +184,26 @@ private slots:
 
     void sphereLooksLikeTheScene()
     {
-        const Run run = panohost(
-            QStringLiteral("stitch --project sphere/truth.pto --output pano.jpg --width 480"));
+        const Run run = panohost("stitch --project sphere/truth.pto --output pano.jpg --width 480");
         QVERIFY2(run.exitCode == 0, qUtf8Printable(run.err));
         QCOMPARE(run.out.section(QLatin1Char('\n'), -2),
             QStringLiteral("pano.jpg: 480 x 240 pixels, equirectangular\n"));
-        const QImage picture(at(QStringLiteral("pano.jpg")));
+        const QImage picture(at("pano.jpg"));
         QCOMPARE(picture.size(), QSize(480, 240));
-        const double decibels = likeness(picture, QImage(at(QStringLiteral("scene.png"))), 0);
+        const double decibels = likeness(picture, QImage(at("scene.png")));
         QVERIFY2(decibels > 25, qPrintable(QString::number(decibels)));
         QCOMPARE(picture.colorSpace(), QColorSpace(QColorSpace::SRgb));
-        QVERIFY(!QFile::exists(at(QStringLiteral("pano.jpg.work"))));
+        QVERIFY(!QFile::exists(at("pano.jpg.work")));
     }
 
     /// Every second picture is darker than it says, and all are darker at their corners.
     void evensOut()
     {
-        QDir().mkpath(at(QStringLiteral("uneven")));
-        QFile::remove(at(QStringLiteral("uneven/truth.pto")));
-        QVERIFY(QFile::copy(
-            at(QStringLiteral("sphere/truth.pto")), at(QStringLiteral("uneven/truth.pto"))));
+        QDir().mkpath(at("uneven"));
+        QFile::remove(at("uneven/truth.pto"));
+        QVERIFY(QFile::copy(at("sphere/truth.pto"), at("uneven/truth.pto")));
         int count = 0;
-        for (const QString &name : filesIn(QStringLiteral("sphere"), QStringLiteral("*.jpg"))) {
+        for (const QString &name : filesIn("sphere", "*.jpg")) {
             QImage picture(at(QStringLiteral("sphere/") + name));
             const double diagonal = std::hypot(picture.width(), picture.height()) / 2;
             const double gain = count++ % 2 == 0 ? 1 : 0.6;
@@ -242,26 +213,22 @@ private slots:
                         = std::hypot(x - picture.width() / 2.0, y - picture.height() / 2.0)
                         / diagonal;
                     const double factor = std::pow(gain * (1 - 0.4 * r * r), 1 / 2.2);
-                    const QRgb pixel = picture.pixel(x, y);
-                    picture.setPixel(x, y,
-                        qRgb(int(qRed(pixel) * factor), int(qGreen(pixel) * factor),
-                            int(qBlue(pixel) * factor)));
+                    const auto dim = [factor](int level) { return int(level * factor); };
+                    const QRgb p = picture.pixel(x, y);
+                    picture.setPixel(x, y, qRgb(dim(qRed(p)), dim(qGreen(p)), dim(qBlue(p))));
                 }
             }
             QVERIFY(picture.save(at(QStringLiteral("uneven/") + name), "JPEG", 95));
         }
         double uneven[2];
         for (const bool isEvened : {false, true}) {
-            const Run run = panohost(
-                QStringLiteral(
-                    "stitch --project uneven/truth.pto --output pano.jpg --force --width "
-                    "480")
-                + (isEvened ? QString() : QStringLiteral(" --no-photometric")));
+            const QString command = QStringLiteral(
+                "stitch --project uneven/truth.pto --output pano.jpg --force --width 480");
+            const Run run
+                = panohost(isEvened ? command : command + QLatin1String(" --no-photometric"));
             QVERIFY2(run.exitCode == 0, qUtf8Printable(run.err));
             QCOMPARE(run.out.contains(QStringLiteral("were evened out")), isEvened);
-            const QImage picture(at(QStringLiteral("pano.jpg")));
-            const QImage scene(at(QStringLiteral("scene.png")));
-            uneven[isEvened] = unevenness(picture, scene);
+            uneven[isEvened] = unevenness(QImage(at("pano.jpg")), QImage(at("scene.png")));
         }
         QVERIFY2(uneven[1] < uneven[0] / 2,
             qPrintable(QStringLiteral("%1 %2").arg(uneven[0]).arg(uneven[1])));
@@ -270,7 +237,7 @@ private slots:
     /// All that the world reads, on a panorama that is not the whole sphere.
     void tags()
     {
-        const QString first = at(QStringLiteral("two/IMG_0001.jpg"));
+        const QString first = at("two/IMG_0001.jpg");
         const auto source = Exiv2::ImageFactory::open(QFile::encodeName(first).toStdString());
         source->readMetadata();
         source->exifData()["Exif.Image.Copyright"] = "A. Nybody";
@@ -317,36 +284,27 @@ private slots:
 
     void kinds_data()
     {
-        QTest::addColumn<QString>("arguments");
-        QTest::addColumn<QString>("told");
-        QTest::addColumn<QByteArray>("magic");
-
+        const Table<QString, QString, QByteArray> row("arguments", "told", "magic");
         const QByteArray jpeg("\xff\xd8\xff");
         const QByteArray tiff("II*\0", 4);
         const QByteArray exr("\x76\x2f\x31\x01");
-        QTest::newRow("fused, 8 bits")
-            << "vrdrive2 --config brackets/shooting.xml --output-type tonemapped brackets --output "
-               "pano.jpg"
-            << "equirectangular" << jpeg;
-        QTest::newRow("fused, 16 bits")
-            << "vrdrive2 --config brackets/shooting.xml --output-type tonemapped brackets --output "
-               "pano.tif --width 200 --no-photometric"
-            << "200 x " << tiff;
-        QTest::newRow("radiance") << "vrdrive2 --config brackets/shooting.xml --output-type hdr "
-                                     "brackets --no-photometric --output pano.exr"
-                                  << "equirectangular" << exr;
-        QTest::newRow("flat grid") << "gigapan --rows 3 --overlap 30 flat --output pano.jpg"
-                                   << "rectilinear" << jpeg;
-        QTest::newRow("no photometry")
-            << "--project two/truth.pto --no-photometric --projection cylindrical --output pano.jpg"
-            << "cylindrical" << jpeg;
-        QTest::newRow("hardly a pixel left of some pictures")
-            << "--project sphere/truth.pto --no-photometric --width 200 --output pano.jpg"
-            << "200 x 100" << jpeg;
-        QTest::newRow("preview of radiance")
-            << "vrdrive2 --config brackets/shooting.xml --output-type hdr brackets --preview "
-               "--output pano.jpg"
-            << "equirectangular" << jpeg;
+        const QString brackets
+            = QStringLiteral("vrdrive2 --config brackets/shooting.xml brackets --output-type ");
+        row("fused, 8 bits", brackets + QLatin1String("tonemapped --output pano.jpg"),
+            "equirectangular", jpeg);
+        row("fused, 16 bits",
+            brackets + QLatin1String("tonemapped --output pano.tif --width 200 --no-photometric"),
+            "200 x ", tiff);
+        row("radiance", brackets + QLatin1String("hdr --no-photometric --output pano.exr"),
+            "equirectangular", exr);
+        row("preview of radiance", brackets + QLatin1String("hdr --preview --output pano.jpg"),
+            "equirectangular", jpeg);
+        row("gigapan --rows 3 --overlap 30 flat --output pano.jpg", "rectilinear", jpeg);
+        row("--project two/truth.pto --no-photometric --projection cylindrical --output pano.jpg",
+            "cylindrical", jpeg);
+        row("hardly a pixel left of some pictures",
+            "--project sphere/truth.pto --no-photometric --width 200 --output pano.jpg",
+            "200 x 100", jpeg);
     }
     void kinds()
     {
@@ -374,19 +332,19 @@ private slots:
         QVERIFY2(run.err.contains(QStringLiteral("Making tiles, ")) && isOneBar(run.err),
             qUtf8Printable(run.err));
         QVERIFY(run.out.contains(QStringLiteral("equirectangular\npano.web/index.html: ")));
-        QVERIFY(QFile::exists(at(QStringLiteral("pano.web/viewer/COPYING"))));
-        const QByteArray picture = contentOf(at(QStringLiteral("pano.web/picture.js")));
+        QVERIFY(QFile::exists(at("pano.web/viewer/COPYING")));
+        const QByteArray picture = contentOf(at("pano.web/picture.js"));
         QVERIFY(
             QByteArray::fromBase64(picture.mid(picture.indexOf('\'') + 1)).startsWith("\xff\xd8"));
-        QVERIFY(panohost(command + QStringLiteral(" --force")).exitCode == 0);
+        QVERIFY(panohost(command + QLatin1String(" --force")).exitCode == 0);
     }
 
     void insideIsFull_data()
     {
-        QTest::addColumn<QString>("project");
-        QTest::newRow("where rows meet") << "flat/truth.pto --crop inside";
+        const Table<QString> row("project");
+        row("where rows meet", "flat/truth.pto --crop inside");
         // enblend's coarse masks leave 19,000 black pixels of these.
-        QTest::newRow("fisheyes") << "fisheyes/truth.pto --crop inside --width 1570";
+        row("fisheyes", "fisheyes/truth.pto --crop inside --width 1570");
     }
     void insideIsFull()
     {
@@ -394,21 +352,14 @@ private slots:
         const Run run = panohost(
             QStringLiteral("stitch --output pano.jpg --no-photometric --project ") + project);
         QVERIFY2(run.exitCode == 0, qUtf8Printable(run.err));
-        const QImage picture(at(QStringLiteral("pano.jpg")));
+        const QImage picture(at("pano.jpg"));
         QVERIFY(picture.width() > 300);
         QCOMPARE(blackPart(picture), 0.0);
     }
 
     void refusals_data()
     {
-        QTest::addColumn<QString>("arguments");
-        QTest::addColumn<QString>("cause");
-        QTest::addColumn<int>("exitCode");
-
-        const auto row = [](const char *arguments, const char *cause, int exitCode) {
-            QTest::newRow(arguments)
-                << QString::fromLatin1(arguments) << QString::fromLatin1(cause) << exitCode;
-        };
+        const Table<QString, QString, int> row("arguments", "cause", "exitCode");
         const char *hdr = "vrdrive2 --config brackets/shooting.xml --output-type hdr brackets "
                           "--output pano.jpg";
         row(hdr, "pano.jpg: radiance needs the name of an .exr", 1);
@@ -461,23 +412,16 @@ private slots:
     /// A tool that fails takes nothing with it; what was done before is not done again.
     void toolsThatFail_data()
     {
-        QTest::addColumn<QString>("tool");
-        QTest::addColumn<QByteArray>("script");
-        QTest::addColumn<QString>("problem");
-        QTest::addColumn<int>("layers");
-
+        const Table<QString, QByteArray, QString, int> row("tool", "script", "problem", "layers");
         const QByteArray fail = "echo 'out of luck' >&2; exit 7";
-        QTest::newRow("photometry") << "vig_optimize" << fail
-                                    << "vig_optimize failed with exit code 7: \"out of luck\"" << 0;
-        QTest::newRow("remapping")
-            << "nona" << fail << "nona failed with exit code 7: \"out of luck\"" << 0;
-        QTest::newRow("remapping writes nothing")
-            << "nona" << QByteArray("exit 0") << "nona ended with exit code 0, but did not write"
-            << 0;
-        QTest::newRow("blending writes a part and dies")
-            << "enblend"
-            << QByteArray("while [ \"$1\" != -o ]; do shift; done; echo part >\"$2\"; kill -9 $$")
-            << "enblend was ended by signal 9" << 2;
+        row("photometry", "vig_optimize", fail,
+            "vig_optimize failed with exit code 7: \"out of luck\"", 0);
+        row("remapping", "nona", fail, "nona failed with exit code 7: \"out of luck\"", 0);
+        row("remapping writes nothing", "nona", "exit 0",
+            "nona ended with exit code 0, but did not write", 0);
+        row("blending writes a part and dies", "enblend",
+            "while [ \"$1\" != -o ]; do shift; done; echo part >\"$2\"; kill -9 $$",
+            "enblend was ended by signal 9", 2);
     }
     void toolsThatFail()
     {
@@ -485,69 +429,58 @@ private slots:
         QFETCH(QByteArray, script);
         QFETCH(QString, problem);
         QFETCH(int, layers);
-        const QString output = at(QStringLiteral("pano.jpg"));
+        const QString output = at("pano.jpg");
         writeFile(output, "what was there before");
         const QString command
             = QStringLiteral("stitch --project two/truth.pto --output pano.jpg --force");
         const Run run = panohost(command, pathWith(tool, script));
         QCOMPARE(run.exitCode, 1);
-        QVERIFY2(run.err.contains(problem)
-                && run.err.contains(at(QStringLiteral("pano.jpg.work/log.txt"))),
+        QVERIFY2(run.err.contains(problem) && run.err.contains(at("pano.jpg.work/log.txt")),
             qUtf8Printable(run.err));
         QCOMPARE(contentOf(output), QByteArray("what was there before"));
-        QCOMPARE(filesIn(QStringLiteral("pano.jpg.work"), QStringLiteral("done-layer-*")).size(),
-            layers);
+        QCOMPARE(filesIn("pano.jpg.work", "done-layer-*").size(), layers);
 
         // Whoever goes on needs only what is missing.
         const bool isBlending = layers > 0;
-        const Run again = panohost(
-            command, isBlending ? pathWith(QStringLiteral("nona"), "exit 9") : QString());
+        const Run again = panohost(command, isBlending ? pathWith("nona", "exit 9") : QString());
         QVERIFY2(again.exitCode == 0, qUtf8Printable(again.err));
         QVERIFY(contentOf(output).startsWith("\xff\xd8"));
-        QVERIFY(!QFile::exists(at(QStringLiteral("pano.jpg.work"))));
+        QVERIFY(!QFile::exists(at("pano.jpg.work")));
     }
 
     void toolThatIsMissing()
     {
-        const QString folder = at(QStringLiteral("bin"));
+        const QString folder = at("bin");
         QDir(folder).removeRecursively();
         QDir().mkpath(folder);
         QFile::link(QStandardPaths::findExecutable(QStringLiteral("nona")),
             folder + QStringLiteral("/nona"));
-        const Run run
-            = panohost(QStringLiteral("stitch --project two/truth.pto --output pano.jpg"), folder);
+        const Run run = panohost("stitch --project two/truth.pto --output pano.jpg", folder);
         QCOMPARE(run.exitCode, 1);
         QVERIFY2(run.err.contains(QStringLiteral("enblend and vig_optimize are missing")),
             qUtf8Printable(run.err));
-        QVERIFY(!QFile::exists(at(QStringLiteral("pano.jpg.work"))));
+        QVERIFY(!QFile::exists(at("pano.jpg.work")));
     }
 
     void interruptions_data()
     {
-        QTest::addColumn<QString>("step");
-        QTest::addColumn<int>("signal");
-        QTest::addColumn<QString>("arguments");
-        QTest::addColumn<QString>("name");
-
-        const auto rows = [](const char *step, std::initializer_list<int> numbers,
-                              const QString &arguments, const char *name) {
+        const Table<QString, int, QString, QString> row("step", "signal", "arguments", "name");
+        const auto rows = [&](const QByteArray &step, std::initializer_list<int> numbers,
+                              const Text &arguments, const char *name) {
             for (const int signal : numbers)
-                QTest::addRow("%s %d", step, signal) << QString::fromLatin1(step) << signal
-                                                     << arguments << QString::fromLatin1(name);
+                row(step + ' ' + QByteArray::number(signal), step.constData(), signal, arguments,
+                    name);
         };
         const QString brackets = QStringLiteral("vrdrive2 --config brackets/shooting.xml "
                                                 "--no-photometric --output-type %1 brackets");
         for (const char *tool : {"vig_optimize", "nona", "enblend"})
-            rows(tool, {SIGINT, SIGTERM, SIGKILL}, QStringLiteral("--project two/truth.pto"),
-                "pano.jpg");
+            rows(tool, {SIGINT, SIGTERM, SIGKILL}, "--project two/truth.pto", "pano.jpg");
         rows("enfuse", {SIGINT, SIGKILL}, brackets.arg(QStringLiteral("tonemapped")), "pano.jpg");
         rows("hugin_hdrmerge", {SIGINT, SIGKILL}, brackets.arg(QStringLiteral("hdr")), "pano.exr");
         rows("matching, ", {SIGINT, SIGKILL},
-            QStringLiteral("papywizard --config sphere/shooting.xml sphere --width 300"),
-            "pano.jpg");
+            "papywizard --config sphere/shooting.xml sphere --width 300", "pano.jpg");
         rows("Making tiles, ", {SIGINT, SIGKILL},
-            QStringLiteral("--project wide/truth.pto --no-photometric --width 8200 --web pano.web"),
-            "pano.jpg");
+            "--project wide/truth.pto --no-photometric --width 8200 --web pano.web", "pano.jpg");
     }
     /// At whatever step it is ended, a tool (which then sleeps) or what the bar says, the tool ends
     /// too, nothing is lost, and it can go on.
@@ -560,17 +493,16 @@ private slots:
         const bool isTool = !step.endsWith(QLatin1Char(' '));
         const QStringList files{name, QStringLiteral("pano.web/scene.js"),
             QStringLiteral("pano.web/picture.js"), QStringLiteral("pano.web/viewer/COPYING")};
-        QDir().mkpath(at(QStringLiteral("pano.web/viewer")));
+        QDir().mkpath(at("pano.web/viewer"));
         for (const QString &file : files)
             writeFile(at(file), "what was there before");
         const QString command
             = QStringLiteral("stitch %1 --output %2 --force").arg(arguments, name);
-        const QString mark = at(QStringLiteral("pano.mark"));
+        const QString mark = at("pano.mark");
         QProcess process;
-        prepare(process,
+        start(process, command,
             isTool ? pathWith(step, "echo $$ >'" + mark.toUtf8() + "'; exec sleep 1000")
                    : QString());
-        process.start(QStringLiteral(PANOHOST), words(command));
         QByteArray said;
         const auto isReached = [&] {
             said += process.readAllStandardError();
@@ -578,9 +510,11 @@ private slots:
                 return true;
             return isTool ? contentOf(mark).endsWith('\n') : said.contains(step.toUtf8());
         };
-        for (QElapsedTimer timer = started();
-             !isReached() && timer.elapsed() < 60'000 && process.state() != QProcess::NotRunning;)
+        const auto hasComeToIt = [&] {
             process.waitForReadyRead(20);
+            return isReached() || process.state() == QProcess::NotRunning;
+        };
+        QVERIFY2(QTest::qWaitFor(hasComeToIt, 60'000), said.constData());
         if (said.contains("was built without the viewer"))
             QSKIP("this was built without the viewer");
         QVERIFY2(isReached(), said.constData());
@@ -616,23 +550,20 @@ private slots:
         const QString command = QStringLiteral("stitch --project two/truth.pto --output pano.jpg "
                                                "--force --keep --width 200");
         QCOMPARE(panohost(command).exitCode, 0);
-        const QByteArray first = contentOf(at(QStringLiteral("pano.jpg")));
-        const QStringList layers
-            = filesIn(QStringLiteral("pano.jpg.work"), QStringLiteral("done-layer-*"));
+        const QByteArray first = contentOf(at("pano.jpg"));
+        const QStringList layers = filesIn("pano.jpg.work", "done-layer-*");
         QCOMPARE(layers.size(), 2);
         // Neither of them is needed any more.
         for (const char *tool : {"nona", "enblend", "vig_optimize"})
-            QCOMPARE(panohost(command, pathWith(QLatin1String(tool), "exit 9")).exitCode, 0);
-        QCOMPARE(contentOf(at(QStringLiteral("pano.jpg"))), first);
+            QCOMPARE(panohost(command, pathWith(tool, "exit 9")).exitCode, 0);
+        QCOMPARE(contentOf(at("pano.jpg")), first);
         // Another size is remapped anew, and only that is kept.
-        QCOMPARE(panohost(command + QStringLiteral(" --width 180")).exitCode, 0);
-        const QStringList others
-            = filesIn(QStringLiteral("pano.jpg.work"), QStringLiteral("done-layer-*"));
+        QCOMPARE(panohost(command + QLatin1String(" --width 180")).exitCode, 0);
+        const QStringList others = filesIn("pano.jpg.work", "done-layer-*");
         QCOMPARE(others.size(), 2);
         QVERIFY(others != layers);
-        QCOMPARE(
-            filesIn(QStringLiteral("pano.jpg.work"), QStringLiteral("done-blended-*")).size(), 1);
-        QCOMPARE(filesIn(QStringLiteral("pano.jpg.work"), QStringLiteral("part-*")), QStringList());
+        QCOMPARE(filesIn("pano.jpg.work", "done-blended-*").size(), 1);
+        QCOMPARE(filesIn("pano.jpg.work", "part-*"), QStringList());
     }
 
 private:
