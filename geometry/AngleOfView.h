@@ -9,8 +9,8 @@ namespace geometry {
 constexpr double kFrameDiagonal = 43.266615305567875;
 
 /// Half the diagonal angle of view in radians of a rectilinear lens of \a focal millimetres as on
-/// 36 x 24 mm film: atan(diagonal / (2 focal)). Pi / 2 at 0, negative below 0, NaN for NaN. The focal
-/// is doubled in 32-bit arithmetic.
+/// 36 x 24 mm film: atan(diagonal / (2 focal)). Pi / 2 at 0, negative below 0, NaN for NaN. The
+/// focal is doubled in 32-bit arithmetic.
 double halfDiagonalAngle(float focal);
 
 } // namespace geometry

@@ -35,7 +35,8 @@ struct AngleRange {
     }
     bool isUnknown() const
     {
-        return min == std::numeric_limits<float>::lowest() || max == std::numeric_limits<float>::max();
+        return min == std::numeric_limits<float>::lowest()
+            || max == std::numeric_limits<float>::max();
     }
     void include(float value)
     {

@@ -20,6 +20,7 @@
 #include <cmath>
 #include <memory>
 #include <numeric>
+#include <utility>
 
 namespace {
 
@@ -197,9 +198,9 @@ private:
 /// One stitch().
 class Work {
 public:
-    Work(const PtoProject &project, const StitchWishes &wishes, WorkFolder &folder,
+    Work(PtoProject project, const StitchWishes &wishes, WorkFolder &folder,
         const Progress &progress)
-        : m_project(project)
+        : m_project(std::move(project))
         , m_wishes(wishes)
         , m_folder(folder)
         , m_progress(progress)

@@ -9,6 +9,7 @@
 #include "apps/panohost/window/MainWindow.h"
 
 #include <QFileInfo>
+#include <algorithm>
 #include <memory>
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
 #include <QTextCodec>
@@ -39,11 +40,8 @@ bool wantsWindow(int argc, char **argv)
 bool hasDisplay()
 {
 #ifdef Q_OS_LINUX
-    for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
-        if (!qEnvironmentVariableIsEmpty(name))
-            return true;
-    }
-    return false;
+    const auto names = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
+    return !std::all_of(names.begin(), names.end(), qEnvironmentVariableIsEmpty);
 #else
     return true;
 #endif

@@ -182,7 +182,7 @@ private:
     {
         WindowDriver::withDialogs(
             [this] { demand(m_driver.click(QStringLiteral("Back to the heads")), "no way back"); },
-            [this](QWidget *dialog, int) {
+            [](QWidget *dialog, int) {
                 auto *box = qobject_cast<QMessageBox *>(dialog);
                 demand(box, "a strange dialog");
                 QTest::mouseClick(box->button(QMessageBox::Yes), Qt::LeftButton);
