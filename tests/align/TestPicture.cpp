@@ -4,6 +4,7 @@
 #include "tests/align/TestPicture.h"
 
 #include <QBuffer>
+#include <QDataStream>
 #include <QFile>
 #include <exiv2/exiv2.hpp>
 
@@ -39,6 +40,30 @@ QByteArray jpegBytes(const QImage &image)
     if (!buffer.open(QIODevice::WriteOnly) || !image.save(&buffer, "JPEG", 90))
         qFatal("no JPEG could be made");
     return buffer.data();
+}
+
+QByteArray rawFile(const QByteArray &preview, const QSize &size, int orientation)
+{
+    constexpr quint16 kShort = 3;
+    constexpr quint16 kLong = 4;
+    constexpr quint16 kEntries = 6;
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    stream.setByteOrder(QDataStream::LittleEndian);
+    const auto entry = [&stream](quint16 tag, quint16 type, int value) {
+        stream << tag << type << quint32(1) << quint32(value);
+    };
+    stream.writeRawData("II*\0", 4);
+    stream << quint32(8) << kEntries;
+    entry(0x0100, kLong, size.width());
+    entry(0x0101, kLong, size.height());
+    entry(0x0103, kShort, 6);
+    entry(0x0112, kShort, orientation);
+    entry(0x0201, kLong, 8 + 2 + 12 * kEntries + 4);
+    entry(0x0202, kLong, preview.size());
+    stream << quint32(0);
+    stream.writeRawData(preview.constData(), preview.size());
+    return bytes;
 }
 
 QImage plainImage(const QSize &size, Qt::GlobalColor colour)

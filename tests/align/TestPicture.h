@@ -22,6 +22,9 @@ void writeJpeg(const QString &path, const QImage &image, const Tags &tags = {},
 void writeJpeg(const QString &path, const QSize &size, const Tags &tags = {});
 
 QByteArray jpegBytes(const QImage &image);
+/// A TIFF as RAW files are built: tags that claim a picture of \a size with EXIF's \a orientation,
+/// and the JPEG \a preview instead of pixels that Qt could read.
+QByteArray rawFile(const QByteArray &preview, const QSize &size, int orientation = 1);
 QImage plainImage(const QSize &size, Qt::GlobalColor colour = Qt::gray);
 
 QByteArray fileContent(const QString &path);

@@ -4,6 +4,7 @@
 #include "align/Alignment.h"
 #include "align/RecordJson.h"
 #include "tests/align/ShootingTruth.h"
+#include "tests/align/TestPicture.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -460,6 +461,8 @@ private slots:
         QTest::newRow("60 megapixels") << QSize(9486, 6324) << QStringLiteral("jpg");
         QTest::newRow("as they are, no JPEG") << QSize(360, 240) << QStringLiteral("png");
         QTest::newRow("scaled down, no JPEG") << QSize(2160, 1440) << QStringLiteral("png");
+        // Six lines more at either end than its preview shows.
+        QTest::newRow("RAW, by its preview") << QSize(2160, 1452) << QStringLiteral("nef");
     }
     void pictureFiles()
     {
@@ -472,9 +475,14 @@ private slots:
         for (const QString &name : pictures) {
             const QString path = folder + QLatin1Char('/') + name;
             const QString other = QFileInfo(name).baseName() + QLatin1Char('.') + suffix;
-            const QImage image
-                = QImage(path).scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-            QVERIFY(QFile::remove(path) && image.save(folder + QLatin1Char('/') + other));
+            const QImage image(path);
+            QVERIFY(QFile::remove(path));
+            const QString otherPath = folder + QLatin1Char('/') + other;
+            if (suffix == QLatin1String("nef"))
+                writeFile(otherPath, rawFile(jpegBytes(image), size));
+            else
+                QVERIFY(image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                            .save(otherPath));
             truth.rotations.insert(other, truth.rotations.value(name));
         }
         const Alignment alignment

@@ -5,7 +5,6 @@
 #include "tests/align/TestPicture.h"
 #include "tests/support/Table.h"
 
-#include <QDataStream>
 #include <QDir>
 #include <QLoggingCategory>
 #include <QPainter>
@@ -16,31 +15,6 @@
 #include <vector>
 
 namespace {
-
-/// A TIFF as raw files are built: tags, and a JPEG preview instead of pixels that Qt could read.
-QByteArray rawFile(const QByteArray &preview, const QSize &size)
-{
-    constexpr quint16 kShort = 3;
-    constexpr quint16 kLong = 4;
-    constexpr quint16 kEntries = 6;
-    QByteArray bytes;
-    QDataStream stream(&bytes, QIODevice::WriteOnly);
-    stream.setByteOrder(QDataStream::LittleEndian);
-    const auto entry = [&stream](quint16 tag, quint16 type, int value) {
-        stream << tag << type << quint32(1) << quint32(value);
-    };
-    stream.writeRawData("II*\0", 4);
-    stream << quint32(8) << kEntries;
-    entry(0x0100, kLong, size.width());
-    entry(0x0101, kLong, size.height());
-    entry(0x0103, kShort, 6);
-    entry(0x0112, kShort, 8);
-    entry(0x0201, kLong, 8 + 2 + 12 * kEntries + 4);
-    entry(0x0202, kLong, preview.size());
-    stream << quint32(0);
-    stream.writeRawData(preview.constData(), preview.size());
-    return bytes;
-}
 
 /// Upper half blue, lower half green; the blue quarter at the left is red.
 QImage flag(const QSize &size)
@@ -272,7 +246,7 @@ private slots:
     void rawByItsPreview()
     {
         const QString path = at("a.nef");
-        writeFile(path, rawFile(jpegBytes(flag({640, 480})), {6000, 4500}));
+        writeFile(path, rawFile(jpegBytes(flag({640, 480})), {6000, 4500}, 8));
 
         const PictureFacts facts = readPictureFacts(path, Thumbnail::Make);
 
