@@ -17,6 +17,8 @@ public:
     /// In \a folder, which is made; an empty one keeps nothing. \a fresh forgets what is there.
     MatchCache(const QString &folder, bool fresh);
 
+    /// Whether anything is kept.
+    bool isUsed() const { return m_file.isOpen(); }
     /// Empty when there is none.
     QByteArray value(const QByteArray &key) const { return m_values.value(key); }
     /// \a value must not be empty; it is in the file when this returns.

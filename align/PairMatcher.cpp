@@ -1,0 +1,231 @@
+// SPDX-FileCopyrightText: 2026 The ZPanoHead authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "align/PairMatcher.h"
+
+#include "align/Features.h"
+#include "align/PairVisit.h"
+#include "align/ShiftSearch.h"
+#include "align/Tracking.h"
+#include "geometry/Angle.h"
+
+#include <QCryptographicHash>
+#include <QDataStream>
+#include <QDateTime>
+#include <QFileInfo>
+#include <algorithm>
+#include <limits>
+
+namespace align {
+
+namespace {
+
+/// Matches of a pair that are kept.
+constexpr std::size_t kKept = 60;
+/// Part of half the shorter side that a wrong focal length or a distortion may bend a pair's turn
+/// by.
+constexpr double kBend = 0.03;
+/// Working pixels by which tracking finds a corner off its place.
+constexpr double kReach = 60;
+/// Part of the corners tracked that must agree on one turn.
+constexpr double kPart = 0.3;
+/// Part of the corners looked for that must be found where much that is alike may be nearer.
+constexpr double kSurePart = 0.4;
+/// Radians that a feature may be off its place; of a grid at least this part of the field of view.
+constexpr double kWideGate = 20 * geometry::kPi / 180;
+constexpr double kGridGate = 0.8;
+/// Part of the features that must agree on one turn.
+constexpr double kFeaturePart = 0.25;
+constexpr double kGridFeaturePart = 0.3;
+/// To be raised when matches are found in another way: what is kept of earlier runs is then not
+/// used.
+constexpr int kMethods = 3;
+
+std::vector<Match> chosen(
+    const std::vector<Match> &matches, const Agreement &agreement, std::size_t most)
+{
+    std::vector<Match> result;
+    for (const int i : agreement.agreeing) {
+        if (result.size() < most)
+            result.push_back(matches[static_cast<std::size_t>(i)]);
+    }
+    return result;
+}
+
+QByteArray packed(const PicturePair &pair)
+{
+    QByteArray value;
+    QDataStream stream(&value, QIODevice::WriteOnly);
+    stream << pair.corners << pair.distance;
+    for (const double element : pair.turn.reshaped())
+        stream << element;
+    stream << static_cast<quint32>(pair.matches.size());
+    for (const Match &match : pair.matches)
+        stream << match.inFirst.x << match.inFirst.y << match.inSecond.x << match.inSecond.y
+               << match.weight;
+    return value;
+}
+
+void unpack(const QByteArray &value, PicturePair *pair)
+{
+    QDataStream stream(value);
+    quint32 count = 0;
+    stream >> pair->corners >> pair->distance;
+    for (double &element : pair->turn.reshaped())
+        stream >> element;
+    stream >> count;
+    pair->matches.clear();
+    for (quint32 i = 0; i < count && stream.status() == QDataStream::Ok; ++i) {
+        Match match;
+        stream >> match.inFirst.x >> match.inFirst.y >> match.inSecond.x >> match.inSecond.y
+            >> match.weight;
+        pair->matches.push_back(match);
+    }
+}
+
+} // namespace
+
+PairMatcher::PairMatcher(const PtoProject &project, const Cameras &cameras, bool isGrid,
+    PicturePairs *pairs, MatchCache *cache)
+    : m_project(project)
+    , m_cameras(cameras)
+    , m_isGrid(isGrid)
+    , m_pairs(*pairs)
+    , m_cache(*cache)
+{
+}
+
+bool PairMatcher::track(const PicturePairs::Places &wanted, const Progress &progress)
+{
+    const auto readCorners = [this](int picture) {
+        WorkingPicture result = read(picture);
+        if (!result.isNull())
+            findCorners(&result);
+        return result;
+    };
+    const auto match
+        = [this](const WorkingPicture &first, const WorkingPicture &second, PicturePair *pair) {
+              if (!first.isNull() && !second.isNull())
+                  trackPair(first, second, pair);
+          };
+    return visit<WorkingPicture>("track", wanted, readCorners, match, progress);
+}
+
+void PairMatcher::trackPair(
+    const WorkingPicture &first, const WorkingPicture &second, PicturePair *pair)
+{
+    const Lens &lens = m_cameras.lens(pair->first);
+    const View one{&first, lens, m_cameras.rotation(pair->first)};
+    View other{&second, m_cameras.lens(pair->second), m_cameras.rotation(pair->second)};
+    const auto agreed = [&](const Tracked &tracked, double reach) {
+        return agreementOf(*pair, tracked.matches, 2 * reach * first.scale / lens.focal, kPart);
+    };
+    Tracked tracked = align::track(one, other);
+    pair->corners = tracked.corners;
+    Agreement agreement = agreed(tracked, kReach);
+    if (!agreement) {
+        const auto found = searchShift(one, other);
+        if (!found)
+            return;
+        other.rotation = *found;
+        tracked = align::track(one, other);
+        agreement
+            = agreed(tracked, kReach + kShiftReach * std::max(first.grey.cols, first.grey.rows));
+        if (!agreement || double(agreement.agreeing.size()) < kSurePart * tracked.sought)
+            return;
+    }
+    pair->turn = agreement.turn;
+    pair->distance = agreement.distance * lens.focal / first.scale;
+    pair->matches = chosen(tracked.matches, agreement, kKept);
+}
+
+bool PairMatcher::search(const PicturePairs::Places &wanted, const Progress &progress)
+{
+    const auto readFeatures
+        = [this](int picture) { return findFeatures(read(picture), m_cameras.lens(picture)); };
+    const auto match = [this](const Features &first, const Features &second, PicturePair *pair) {
+        const Lens &lens = m_cameras.lens(pair->first);
+        const double gate
+            = m_isGrid ? std::max(kWideGate, kGridGate * lens.unit / lens.focal) : kWideGate;
+        const std::vector<Match> matches
+            = matchFeatures({&first, lens, m_cameras.rotation(pair->first)},
+                {&second, m_cameras.lens(pair->second), m_cameras.rotation(pair->second)}, gate);
+        const Agreement agreement
+            = agreementOf(*pair, matches, gate, m_isGrid ? kGridFeaturePart : kFeaturePart);
+        pair->matches = chosen(matches, agreement, matches.size());
+        if (agreement) {
+            pair->turn = agreement.turn;
+            pair->distance = std::numeric_limits<double>::infinity();
+        }
+    };
+    return visit<Features>("search", wanted, readFeatures, match, progress);
+}
+
+/// Has \a match done for each pair of \a wanted that no earlier run matched like this.
+template <class Picture, class Read, class Match>
+bool PairMatcher::visit(const char *method, const PicturePairs::Places &wanted, const Read &read,
+    const Match &match, const Progress &progress)
+{
+    PicturePairs::Places places;
+    std::vector<QPair<int, int>> pictures;
+    for (const int place : wanted) {
+        PicturePair &pair = m_pairs[place];
+        const QByteArray known
+            = m_cache.isUsed() ? m_cache.value(keyOf(pair, method)) : QByteArray();
+        if (!known.isEmpty()) {
+            unpack(known, &pair);
+            continue;
+        }
+        places.push_back(place);
+        pictures.emplace_back(pair.first, pair.second);
+    }
+    int done = 0;
+    return visitPairs<Picture>(
+        pictures, read, [&](int i, const Picture &first, const Picture &second) {
+            PicturePair &pair = m_pairs[places[static_cast<std::size_t>(i)]];
+            match(first, second, &pair);
+            if (m_cache.isUsed())
+                m_cache.insert(keyOf(pair, method), packed(pair));
+            return progress(++done, static_cast<int>(places.size()));
+        });
+}
+
+WorkingPicture PairMatcher::read(int picture) const
+{
+    const PtoProject::Picture &entry = m_project.pictures.at(picture);
+    return readWorkingPicture(entry.path, entry.lens.size);
+}
+
+Agreement PairMatcher::agreementOf(
+    const PicturePair &pair, const std::vector<Match> &matches, double gate, double part) const
+{
+    const Lens &first = m_cameras.lens(pair.first);
+    const Lens &second = m_cameras.lens(pair.second);
+    std::vector<MatchedRays> rays;
+    rays.reserve(matches.size());
+    for (const Match &match : matches)
+        rays.push_back({first.ray(match.inFirst), second.ray(match.inSecond)});
+    return agreedTurn(rays, m_cameras.turnBetween(pair.first, pair.second),
+        {kBend * first.unit / first.focal, gate, part},
+        static_cast<std::uint32_t>(pair.first) * 7919U + static_cast<std::uint32_t>(pair.second));
+}
+
+QByteArray PairMatcher::keyOf(const PicturePair &pair, const char *method) const
+{
+    QByteArray text;
+    QDataStream stream(&text, QIODevice::WriteOnly);
+    stream << kMethods << QByteArray(method) << m_isGrid;
+    for (const int picture : {pair.first, pair.second}) {
+        const PtoProject::Picture &entry = m_project.pictures.at(picture);
+        const QFileInfo file(entry.path);
+        const Lens &lens = m_cameras.lens(picture);
+        stream << file.fileName() << file.size() << file.lastModified().toMSecsSinceEpoch()
+               << entry.lens.size << lens.focal << lens.distortion << lens.fisheye;
+    }
+    const Rotation turn = m_cameras.turnBetween(pair.first, pair.second);
+    for (const double value : turn.reshaped())
+        stream << value;
+    return QCryptographicHash::hash(text, QCryptographicHash::Md5);
+}
+
+} // namespace align

@@ -1,0 +1,231 @@
+// SPDX-FileCopyrightText: 2026 The ZPanoHead authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "align/PicturePairs.h"
+
+#include "align/LocationPairs.h"
+#include "align/Middle.h"
+
+#include <QSet>
+#include <algorithm>
+#include <numeric>
+
+namespace align {
+
+namespace {
+
+/// Corners that both pictures of a pair must have where they overlap for something to be expected.
+constexpr int kTextured = 20;
+/// Working pixels from where it was expected beyond which a pair found is tracked again from where
+/// it was found, and beyond which that is worth a round of its own.
+constexpr double kDistant = 10;
+constexpr double kFar = 40;
+/// Matches that are few for a pair found far off.
+constexpr std::size_t kPoor = 15;
+/// Working pixels beyond which a match is wrong, and how many times the middle distance.
+constexpr double kOutlier = 1;
+constexpr double kOutlierTimes = 4;
+/// Working pixels beyond which all of a pair is wrong, and how many times the middle distance.
+constexpr double kWrong = 3;
+constexpr double kWrongTimes = 6;
+
+std::size_t at(int i)
+{
+    return static_cast<std::size_t>(i);
+}
+
+} // namespace
+
+bool PicturePair::isTextured() const
+{
+    return corners >= kTextured;
+}
+
+void PicturePairs::choose(
+    const ProjectRecord &record, const PictureTable &pictures, const PtoProject &project)
+{
+    // Of each location the first picture and the one that stands for all.
+    std::vector<int> starts;
+    std::vector<int> references;
+    std::vector<Outlook> outlooks;
+    int start = 0;
+    for (const QStringList &stack : record.groups) {
+        const int reference
+            = stack.isEmpty() ? 0 : start + referencePicture(record, stack, pictures);
+        starts.push_back(start);
+        references.push_back(reference);
+        outlooks.push_back({m_cameras.recorded(reference), project.pictures.at(reference).lens});
+        start += static_cast<int>(stack.size());
+    }
+    const auto add = [this](int first, int second, bool isInner) {
+        PicturePair pair;
+        pair.first = std::min(first, second);
+        pair.second = std::max(first, second);
+        pair.isInner = isInner;
+        m_pairs.push_back(pair);
+    };
+    for (const auto &[a, b] : locationPairs(record, outlooks)) {
+        const auto common
+            = static_cast<int>(std::min(record.groups.at(a).size(), record.groups.at(b).size()));
+        if (common == 0)
+            continue;
+        if (record.levelLinking == 0) {
+            add(references[at(a)], references[at(b)], false);
+            continue;
+        }
+        for (int level = 0; level < common; ++level)
+            add(starts[at(a)] + level, starts[at(b)] + level, false);
+    }
+    for (int location = 0; location < record.groups.size() && record.stackLinking != 0;
+         ++location) {
+        const int reference = references[at(location)];
+        for (int i = 0; i < record.groups.at(location).size(); ++i) {
+            if (starts[at(location)] + i != reference)
+                add(starts[at(location)] + i, reference, true);
+        }
+    }
+}
+
+PicturePairs::Places PicturePairs::all() const
+{
+    Places places(m_pairs.size());
+    std::iota(places.begin(), places.end(), 0);
+    return places;
+}
+
+template <class Condition>
+PicturePairs::Places PicturePairs::where(const Condition &condition) const
+{
+    Places places;
+    for (int i = 0; i < count(); ++i) {
+        if (condition((*this)[i]))
+            places.push_back(i);
+    }
+    return places;
+}
+
+PicturePairs::Places PicturePairs::failed() const
+{
+    return where([](const PicturePair &pair) { return !pair.isJoined() && pair.isTextured(); });
+}
+
+PicturePairs::Places PicturePairs::textured() const
+{
+    return where([](const PicturePair &pair) { return pair.isJoined() || pair.isTextured(); });
+}
+
+PicturePairs::Places PicturePairs::distant() const
+{
+    return where(
+        [](const PicturePair &pair) { return pair.isJoined() && pair.distance > kDistant; });
+}
+
+bool PicturePairs::hasPoor() const
+{
+    return std::any_of(m_pairs.begin(), m_pairs.end(), [](const PicturePair &pair) {
+        return pair.isJoined()
+            && (pair.distance > kFar || (pair.distance > kDistant && pair.matches.size() < kPoor));
+    });
+}
+
+PicturePairs::Places PicturePairs::loose(const Places &failed) const
+{
+    const std::vector<int> parts = this->parts();
+    std::vector<QSet<int>> neighbours(at(m_cameras.count()));
+    for (const PicturePair &pair : m_pairs) {
+        const int a = m_cameras.owner(pair.first);
+        const int b = m_cameras.owner(pair.second);
+        if (!pair.isJoined() || pair.isInner || a == b)
+            continue;
+        neighbours[at(a)].insert(b);
+        neighbours[at(b)].insert(a);
+    }
+    Places loose;
+    for (const int place : failed) {
+        const PicturePair &pair = (*this)[place];
+        const auto hangs
+            = [&](int picture) { return neighbours[at(m_cameras.owner(picture))].size() < 2; };
+        if (parts[at(pair.first)] != parts[at(pair.second)]
+            || (!pair.isInner && (hangs(pair.first) || hangs(pair.second))))
+            loose.push_back(place);
+    }
+    return loose;
+}
+
+std::vector<int> PicturePairs::parts() const
+{
+    std::vector<int> parents;
+    for (int i = 0; i < m_cameras.count(); ++i)
+        parents.push_back(m_cameras.owner(i));
+    const auto root = [&parents](int i) {
+        while (parents[at(i)] != i)
+            i = parents[at(i)] = parents[at(parents[at(i)])];
+        return i;
+    };
+    for (const PicturePair &pair : m_pairs) {
+        if (!pair.isJoined())
+            continue;
+        const int a = root(pair.first);
+        const int b = root(pair.second);
+        parents[at(std::max(a, b))] = std::min(a, b);
+    }
+    std::vector<int> parts;
+    for (int i = 0; i < m_cameras.count(); ++i)
+        parts.push_back(root(i));
+    return parts;
+}
+
+std::vector<double> PicturePairs::residuals(const PicturePair &pair) const
+{
+    const Lens &first = m_cameras.lens(pair.first);
+    const Lens &second = m_cameras.lens(pair.second);
+    const double pixels = first.focal / m_cameras.scale(pair.first);
+    std::vector<double> result;
+    result.reserve(pair.matches.size());
+    for (const Match &match : pair.matches)
+        result.push_back(pixels
+            * (m_cameras.rotation(pair.first) * first.ray(match.inFirst)
+                - m_cameras.rotation(pair.second) * second.ray(match.inSecond))
+                  .norm());
+    return result;
+}
+
+void PicturePairs::dropOutliers()
+{
+    std::vector<double> all;
+    for (const PicturePair &pair : m_pairs) {
+        const std::vector<double> some = residuals(pair);
+        all.insert(all.end(), some.begin(), some.end());
+    }
+    const double limit = std::max(kOutlier, kOutlierTimes * middleOf(std::move(all)));
+    for (PicturePair &pair : m_pairs) {
+        const std::vector<double> distances = residuals(pair);
+        std::vector<Match> kept;
+        for (std::size_t i = 0; i < distances.size(); ++i) {
+            // A match whose place is unsure may be off by more.
+            if (distances[i] * pair.matches[i].weight <= limit)
+                kept.push_back(pair.matches[i]);
+        }
+        if (kept.size() < 6 || 4 * kept.size() < pair.matches.size())
+            kept.clear();
+        pair.matches = std::move(kept);
+    }
+}
+
+void PicturePairs::dropWrong()
+{
+    std::vector<double> middles;
+    std::vector<double> joined;
+    for (const PicturePair &pair : m_pairs) {
+        middles.push_back(middleOf(residuals(pair)));
+        if (pair.isJoined())
+            joined.push_back(middles.back());
+    }
+    const double limit = std::max(kWrong, kWrongTimes * middleOf(std::move(joined)));
+    for (std::size_t i = 0; i < m_pairs.size(); ++i) {
+        if (middles[i] > limit)
+            m_pairs[i].matches.clear();
+    }
+}
+
+} // namespace align
