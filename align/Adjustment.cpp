@@ -312,24 +312,4 @@ AdjustmentResult adjust(const AdjustmentTask &task, const std::function<bool()> 
     return result;
 }
 
-std::vector<double> residualsOf(
-    const AdjustmentTask &task, const AdjustmentResult &result, const AdjustmentTask::Pair &pair)
-{
-    const auto axesOf = [&](int index, const Lens **lens) {
-        const auto &picture = task.pictures[static_cast<std::size_t>(index)];
-        *lens = &result.lenses[static_cast<std::size_t>(picture.lens)];
-        return Rotation(result.turns[static_cast<std::size_t>(picture.place)] * picture.base);
-    };
-    const Lens *lenses[2];
-    const Rotation first = axesOf(pair.first, &lenses[0]);
-    const Rotation second = axesOf(pair.second, &lenses[1]);
-    std::vector<double> residuals;
-    residuals.reserve(pair.matches.size());
-    for (const Match &match : pair.matches)
-        residuals.push_back(lenses[0]->focal
-            * (first * lenses[0]->ray(match.inFirst) - second * lenses[1]->ray(match.inSecond))
-                  .norm());
-    return residuals;
-}
-
 } // namespace align

@@ -60,8 +60,4 @@ struct AdjustmentResult {
 /// count less (Huber). Places without matches follow their neighbours.
 AdjustmentResult adjust(const AdjustmentTask &task, const std::function<bool()> &goOn);
 
-/// Of each match of \a pair the distance of its rays in pixels of the stored first picture.
-std::vector<double> residualsOf(
-    const AdjustmentTask &task, const AdjustmentResult &result, const AdjustmentTask::Pair &pair);
-
 } // namespace align

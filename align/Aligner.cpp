@@ -5,12 +5,13 @@
 
 #include "align/Adjustment.h"
 #include "align/Chain.h"
-#include "align/Middle.h"
 #include "align/Tracking.h"
-#include "geometry/Angle.h"
+#include "geometry/Median.h"
 
 #include <opencv2/core/utility.hpp>
 
+#include <QHash>
+#include <QtMath>
 #include <algorithm>
 #include <cmath>
 
@@ -18,7 +19,6 @@ namespace align {
 
 namespace {
 
-constexpr double kDegree = geometry::kPi / 180;
 /// Part of the picture.
 constexpr double kOverlap = 0.06;
 /// How often failed pairs are tried again.
@@ -177,17 +177,25 @@ bool Aligner::search(const PicturePairs::Places &wanted)
 /// guess.
 void Aligner::restepGrid()
 {
-    std::vector<double> steps[2];
+    const auto ordered = [](int a, int b) { return qMakePair(std::min(a, b), std::max(a, b)); };
+    QHash<QPair<int, int>, int> kinds;
     for (const ProjectLink &link : m_record.links) {
-        if ((link.kind != 1 && link.kind != 2) || link.indices.size() != 2)
+        if (link.indices.size() == 2)
+            kinds.insert(ordered(link.indices[0], link.indices[1]), link.kind);
+    }
+    std::vector<double> down;
+    std::vector<double> across;
+    for (const PicturePair &pair : m_pairs) {
+        if (!pair.isJoined())
             continue;
-        for (const PicturePair &pair : m_pairs) {
-            const int a = m_project.pictures.at(pair.first).location;
-            const int b = m_project.pictures.at(pair.second).location;
-            if (pair.isJoined()
-                && std::minmax(a, b) == std::minmax(link.indices[0], link.indices[1]))
-                steps[link.kind - 1].push_back(angleOf(pair.turn) / kDegree);
-        }
+        const int a = m_project.pictures.at(pair.first).location;
+        const int b = m_project.pictures.at(pair.second).location;
+        const int kind = kinds.value(ordered(a, b), ProjectLink::Near);
+        const double step = qRadiansToDegrees(angleOf(pair.turn));
+        if (kind == ProjectLink::Vertical)
+            down.push_back(step);
+        else if (kind == ProjectLink::Horizontal)
+            across.push_back(step);
     }
     const PtoProject::Picture &first = m_project.pictures.first();
     const bool isTurned = m_table.value(first.path).uprightTurn() % 180 != 0;
@@ -196,14 +204,14 @@ void Aligner::restepGrid()
         const bool isWidth = isColumn != isTurned;
         const QSize &size = first.lens.size;
         const double angle
-            = first.lens.angleAcross(isWidth ? size.width() : size.height()) / kDegree;
+            = qRadiansToDegrees(first.lens.angleAcross(isWidth ? size.width() : size.height()));
         if (found.size() >= 3)
-            record.overlap = 100 * (1 - middleOf(found) / angle);
+            record.overlap = 100 * (1 - geometry::upperMedian(found) / angle);
         QString problem;
         return placementsOf(record, first.lens, isTurned, &problem);
     };
-    const auto rows = placesFor(steps[0], false);
-    const auto columns = placesFor(steps[1], true);
+    const auto rows = placesFor(down, false);
+    const auto columns = placesFor(across, true);
     if (!rows || !columns)
         return;
     for (int i = 0; i < m_cameras.count(); ++i) {
@@ -315,8 +323,8 @@ void Aligner::reportPlaces(AlignReport *report) const
             continue;
         }
         ++report->joined;
-        const double off
-            = angleOf(whole * m_cameras.rotation(i) * m_cameras.recorded(i).transpose()) / kDegree;
+        const double off = qRadiansToDegrees(
+            angleOf(whole * m_cameras.rotation(i) * m_cameras.recorded(i).transpose()));
         squares += off * off;
         report->headErrorWorst = std::max(report->headErrorWorst, off);
         if (off > kStumble)

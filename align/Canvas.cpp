@@ -4,25 +4,24 @@
 #include "align/Canvas.h"
 
 #include "align/View.h"
-#include "geometry/Angle.h"
 
+#include <QtMath>
 #include <algorithm>
 #include <cmath>
 
 namespace {
 
-constexpr double kDegree = geometry::kPi / 180;
 /// Pixels; some ten times the largest panorama ever published.
 constexpr double kWidestCanvas = 10'000'000;
 
 double yawOf(const Direction &d)
 {
-    return std::atan2(d[0], d[2]) / kDegree;
+    return qRadiansToDegrees(std::atan2(d[0], d[2]));
 }
 
 double pitchOf(const Direction &d)
 {
-    return std::asin(std::clamp(d[1], -1.0, 1.0)) / kDegree;
+    return qRadiansToDegrees(std::asin(std::clamp(d[1], -1.0, 1.0)));
 }
 
 } // namespace
@@ -65,7 +64,7 @@ Canvas Coverage::canvas() const
     Canvas canvas;
     canvas.angle = std::min(360, int(std::ceil(2 * std::max({-left, right, 0.5}))));
     // A picture that claims an absurd size must not make the canvas overflow.
-    const double width = std::min(canvas.angle * kDegree * m_scale, kWidestCanvas);
+    const double width = std::min(qDegreesToRadians(double(canvas.angle)) * m_scale, kWidestCanvas);
     canvas.size.setWidth(std::max(2, 2 * int(width / 2)));
     const double perDegree = double(canvas.size.width()) / canvas.angle;
     const double halfHeight

@@ -3,8 +3,7 @@
 
 #include "align/GridShape.h"
 
-#include "geometry/Angle.h"
-
+#include <QtMath>
 #include <cmath>
 #include <utility>
 
@@ -16,8 +15,8 @@ constexpr double kRounding = 1e-6;
 /// Degrees of an upright picture from side to side, and from top to bottom.
 std::pair<double, double> anglesOf(const PictureOptics &lens, bool turned)
 {
-    const double across = lens.angleAcross(lens.size.width()) * 180 / geometry::kPi;
-    const double down = lens.angleAcross(lens.size.height()) * 180 / geometry::kPi;
+    const double across = qRadiansToDegrees(lens.angleAcross(lens.size.width()));
+    const double down = qRadiansToDegrees(lens.angleAcross(lens.size.height()));
     return turned ? std::pair(down, across) : std::pair(across, down);
 }
 

@@ -3,6 +3,7 @@
 
 #include "align/LocationPairs.h"
 
+#include "align/DisjointSets.h"
 #include "geometry/NeighbourSearch.h"
 
 #include <algorithm>
@@ -86,41 +87,12 @@ int sideOf(const Outlook &from, const Outlook &to)
     return direction.y() >= 0 ? 1 : 3;
 }
 
-/// Joins sets of locations.
-class Sets {
-public:
-    explicit Sets(std::size_t count)
-        : m_parents(count)
-    {
-        std::iota(m_parents.begin(), m_parents.end(), 0);
-    }
-    /// False when they were in one set already.
-    bool join(const Pair &pair)
-    {
-        const int a = root(pair.first);
-        const int b = root(pair.second);
-        m_parents[static_cast<std::size_t>(b)] = a;
-        return a != b;
-    }
-
-private:
-    int root(int i)
-    {
-        while (parent(i) != i)
-            i = parent(i) = parent(parent(i));
-        return i;
-    }
-    int &parent(int i) { return m_parents[static_cast<std::size_t>(i)]; }
-
-    std::vector<int> m_parents;
-};
-
 } // namespace
 
 std::vector<QPair<int, int>> locationPairs(
     const ProjectRecord &record, const std::vector<Outlook> &outlooks)
 {
-    const bool byDistance = record.links.isEmpty() && record.lensType == 1;
+    const bool byDistance = record.links.isEmpty() && record.lensType == ProjectRecord::Fisheye;
     std::vector<Pair> pairs
         = byDistance ? nearPairs(outlooks) : linkedPairs(record, static_cast<int>(outlooks.size()));
     std::sort(pairs.begin(), pairs.end());
@@ -137,7 +109,7 @@ std::vector<QPair<int, int>> locationPairs(
 
     // From near to far, the first on each side is the nearest there.
     std::vector<std::array<bool, 4>> taken(outlooks.size());
-    Sets sets(outlooks.size());
+    DisjointSets sets(static_cast<int>(outlooks.size()));
     std::vector<Pair> chosen;
     std::vector<Candidate> rest;
     for (const Candidate &candidate : candidates) {
@@ -151,11 +123,11 @@ std::vector<QPair<int, int>> locationPairs(
             continue;
         }
         there = back = true;
-        sets.join(candidate.pair);
+        sets.join(candidate.pair.first, candidate.pair.second);
         chosen.push_back(candidate.pair);
     }
     for (const Candidate &candidate : rest) {
-        if (sets.join(candidate.pair))
+        if (sets.join(candidate.pair.first, candidate.pair.second))
             chosen.push_back(candidate.pair);
     }
     std::sort(chosen.begin(), chosen.end());

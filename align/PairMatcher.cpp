@@ -32,7 +32,7 @@ constexpr double kPart = 0.3;
 /// Part of the corners looked for that must be found where much that is alike may be nearer.
 constexpr double kSurePart = 0.4;
 /// Radians that a feature may be off its place; of a grid at least this part of the field of view.
-constexpr double kWideGate = 20 * geometry::kPi / 180;
+constexpr double kWideGate = 20 * M_PI / 180;
 constexpr double kGridGate = 0.8;
 /// Part of the features that must agree on one turn.
 constexpr double kFeaturePart = 0.25;

@@ -30,5 +30,6 @@ std::optional<PictureOptics> opticsOf(const ProjectRecord &record, const Picture
     const auto focal = static_cast<double>(chosen ? record.focal : facts.focal);
     if (!(focal > 0 && focal <= kLongestFocal) || facts.size.isEmpty())
         return std::nullopt;
-    return PictureOptics{facts.size, focal, (chosen ? record.lensType : facts.lensType) == 1};
+    return PictureOptics{
+        facts.size, focal, (chosen ? record.lensType : facts.lensType) == ProjectRecord::Fisheye};
 }

@@ -3,8 +3,9 @@
 
 #include "align/PicturePairs.h"
 
+#include "align/DisjointSets.h"
 #include "align/LocationPairs.h"
-#include "align/Middle.h"
+#include "geometry/Median.h"
 
 #include <QSet>
 #include <algorithm>
@@ -154,24 +155,16 @@ PicturePairs::Places PicturePairs::loose(const Places &failed) const
 
 std::vector<int> PicturePairs::parts() const
 {
-    std::vector<int> parents;
+    DisjointSets sets(m_cameras.count());
     for (int i = 0; i < m_cameras.count(); ++i)
-        parents.push_back(m_cameras.owner(i));
-    const auto root = [&parents](int i) {
-        while (parents[at(i)] != i)
-            i = parents[at(i)] = parents[at(parents[at(i)])];
-        return i;
-    };
+        sets.join(i, m_cameras.owner(i));
     for (const PicturePair &pair : m_pairs) {
-        if (!pair.isJoined())
-            continue;
-        const int a = root(pair.first);
-        const int b = root(pair.second);
-        parents[at(std::max(a, b))] = std::min(a, b);
+        if (pair.isJoined())
+            sets.join(pair.first, pair.second);
     }
     std::vector<int> parts;
     for (int i = 0; i < m_cameras.count(); ++i)
-        parts.push_back(root(i));
+        parts.push_back(sets.smallest(i));
     return parts;
 }
 
@@ -197,7 +190,7 @@ void PicturePairs::dropOutliers()
         const std::vector<double> some = residuals(pair);
         all.insert(all.end(), some.begin(), some.end());
     }
-    const double limit = std::max(kOutlier, kOutlierTimes * middleOf(std::move(all)));
+    const double limit = std::max(kOutlier, kOutlierTimes * geometry::upperMedian(std::move(all)));
     for (PicturePair &pair : m_pairs) {
         const std::vector<double> distances = residuals(pair);
         std::vector<Match> kept;
@@ -217,11 +210,11 @@ void PicturePairs::dropWrong()
     std::vector<double> middles;
     std::vector<double> joined;
     for (const PicturePair &pair : m_pairs) {
-        middles.push_back(middleOf(residuals(pair)));
+        middles.push_back(geometry::upperMedian(residuals(pair)));
         if (pair.isJoined())
             joined.push_back(middles.back());
     }
-    const double limit = std::max(kWrong, kWrongTimes * middleOf(std::move(joined)));
+    const double limit = std::max(kWrong, kWrongTimes * geometry::upperMedian(std::move(joined)));
     for (std::size_t i = 0; i < m_pairs.size(); ++i) {
         if (middles[i] > limit)
             m_pairs[i].matches.clear();

@@ -4,17 +4,12 @@
 #include "align/Placement.h"
 
 #include "align/GridShape.h"
-#include "geometry/Angle.h"
 #include "gigapan/GigapanToSPP.h"
 
+#include <QtMath>
 #include <cmath>
 
 namespace {
-
-double degrees(double radians)
-{
-    return radians * 180 / geometry::kPi;
-}
 
 double wrapped(double angle)
 {
@@ -39,9 +34,9 @@ std::optional<QVector<Placement>> recordedPlaces(const ProjectRecord &record, QS
     places.reserve(groups);
     for (int shot = 0; shot < angles; shot += angles / groups) {
         const Placement place{
-            wrapped(degrees(record.yaws[shot])),
-            degrees(record.pitches[shot]),
-            record.rolls.isEmpty() ? 0.0 : degrees(record.rolls[shot]),
+            wrapped(qRadiansToDegrees(double(record.yaws[shot]))),
+            qRadiansToDegrees(double(record.pitches[shot])),
+            record.rolls.isEmpty() ? 0.0 : qRadiansToDegrees(double(record.rolls[shot])),
         };
         if (!std::isfinite(place.yaw + place.pitch + place.roll)) {
             *problem

@@ -3,9 +3,12 @@
 
 #include "align/PtoProject.h"
 
-#include "geometry/Angle.h"
+#include "align/DisjointSets.h"
+
+#include "geometry/Median.h"
 
 #include <QDir>
+#include <QtMath>
 #include <algorithm>
 #include <cmath>
 #include <numeric>
@@ -21,11 +24,6 @@ QByteArray decimal(double value, int decimals = 4)
     if (text.endsWith('.'))
         text.chop(1);
     return text == "-0" ? QByteArrayLiteral("0") : text;
-}
-
-double degrees(double radians)
-{
-    return radians * 180 / geometry::kPi;
 }
 
 /// What the tools can neither escape nor quote ends a name or a line.
@@ -46,29 +44,21 @@ QByteArray nameFrom(const QString &folder, const QString &path)
 QVector<bool> anchors(const ProjectRecord &record)
 {
     const int count = record.groups.size();
-    QVector<int> parent(count);
-    std::iota(parent.begin(), parent.end(), 0);
-    const auto rootOf = [&parent](int location) {
-        while (parent[location] != location)
-            location = parent[location] = parent[parent[location]];
-        return location;
-    };
+    align::DisjointSets sets(count);
     for (const ProjectLink &link : record.links) {
         int previous = -1;
         for (const int location : link.indices) {
             if (location < 0 || location >= count)
                 continue; // A grid may link cells that no picture filled.
-            if (previous >= 0) {
-                const int a = rootOf(previous);
-                const int b = rootOf(location);
-                parent[std::max(a, b)] = std::min(a, b);
-            }
+            if (previous >= 0)
+                sets.join(previous, location);
             previous = location;
         }
     }
     QVector<bool> result(count, false);
     for (int location = 0; location < count; ++location)
-        result[location] = record.links.isEmpty() ? location == 0 : rootOf(location) == location;
+        result[location]
+            = record.links.isEmpty() ? location == 0 : sets.smallest(location) == location;
     return result;
 }
 
@@ -86,11 +76,7 @@ double outputExposure(const ProjectRecord &record, const PictureTable &pictures)
         if (value != 0)
             values.append(value);
     }
-    if (values.isEmpty())
-        return 0;
-    const auto middle = values.begin() + (values.size() - 1) / 2;
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
+    return geometry::lowerMedian(std::move(values));
 }
 
 class Writer {
@@ -154,7 +140,8 @@ private:
             return;
         }
         m_lensOwners.insert(lens, index);
-        m_images.append(" v").append(decimal(degrees(lens.angleAcross(lens.size.width())), 8));
+        m_images.append(" v").append(
+            decimal(qRadiansToDegrees(lens.angleAcross(lens.size.width())), 8));
         m_images.append(" a").append(decimal(picture.distortion.a, 8));
         m_images.append(" b").append(decimal(picture.distortion.b, 8));
         m_images.append(" c").append(decimal(picture.distortion.c, 8));
@@ -291,7 +278,7 @@ QString obstacle(const ProjectRecord &record, const PictureTable &pictures, cons
 int referencePicture(
     const ProjectRecord &record, const QStringList &stack, const PictureTable &pictures)
 {
-    if (record.outputType != 0 || stack.isEmpty())
+    if (record.outputType != ProjectRecord::HostsChoice || stack.isEmpty())
         return 0;
     QVector<int> order(stack.size());
     std::iota(order.begin(), order.end(), 0);

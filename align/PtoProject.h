@@ -57,7 +57,7 @@ struct PtoProject {
     /// Exposure value of the output.
     double outputExposure = 0;
     /// As ProjectRecord::outputType.
-    int outputType = 0;
+    int outputType = ProjectRecord::HostsChoice;
 };
 
 /// The place in a stack of the picture that stands for it between stacks: the first where the

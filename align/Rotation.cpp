@@ -3,10 +3,9 @@
 
 #include "align/Rotation.h"
 
-#include "geometry/Angle.h"
-
 #include <Eigen/Geometry>
 #include <Eigen/SVD>
+#include <QtMath>
 #include <algorithm>
 #include <cmath>
 
@@ -14,17 +13,15 @@ namespace align {
 
 namespace {
 
-constexpr double kDegree = geometry::kPi / 180;
-
 } // namespace
 
 Rotation rotationOf(const Placement &place)
 {
     using Eigen::AngleAxisd;
     // Yaw to the right and pitch upward turn round the axes as here; a clockwise roll does not.
-    return (AngleAxisd(place.yaw * kDegree, Vector::UnitY())
-        * AngleAxisd(-place.pitch * kDegree, Vector::UnitX())
-        * AngleAxisd(-place.roll * kDegree, Vector::UnitZ()))
+    return (AngleAxisd(qDegreesToRadians(place.yaw), Vector::UnitY())
+        * AngleAxisd(-qDegreesToRadians(place.pitch), Vector::UnitX())
+        * AngleAxisd(-qDegreesToRadians(place.roll), Vector::UnitZ()))
         .toRotationMatrix();
 }
 
@@ -33,9 +30,9 @@ Placement placementOf(const Rotation &r)
     // Looking straight up or down, yaw and roll are one turn.
     constexpr double kPole = 1 - 1e-12;
     if (std::abs(r(1, 2)) > kPole)
-        return {std::atan2(-r(2, 0), r(0, 0)) / kDegree, std::copysign(90.0, r(1, 2)), 0};
-    return {std::atan2(r(0, 2), r(2, 2)) / kDegree, std::asin(r(1, 2)) / kDegree,
-        std::atan2(-r(1, 0), r(1, 1)) / kDegree};
+        return {qRadiansToDegrees(std::atan2(-r(2, 0), r(0, 0))), std::copysign(90.0, r(1, 2)), 0};
+    return {qRadiansToDegrees(std::atan2(r(0, 2), r(2, 2))), qRadiansToDegrees(std::asin(r(1, 2))),
+        qRadiansToDegrees(std::atan2(-r(1, 0), r(1, 1)))};
 }
 
 Rotation turnBy(const Vector &axis)

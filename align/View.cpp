@@ -5,6 +5,7 @@
 
 #include "geometry/Angle.h"
 
+#include <QtMath>
 #include <algorithm>
 #include <cmath>
 
@@ -26,7 +27,7 @@ View::View(const Placement &place, const PictureOptics &lens, const RadialDistor
 
 View::Turn View::turn(double degrees)
 {
-    const double angle = degrees * geometry::kPi / 180;
+    const double angle = qDegreesToRadians(degrees);
     return {std::cos(angle), std::sin(angle)};
 }
 

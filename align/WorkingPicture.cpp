@@ -4,6 +4,7 @@
 #include "align/WorkingPicture.h"
 
 #include "align/PictureFacts.h"
+#include "geometry/Median.h"
 
 #include <opencv2/imgproc.hpp>
 
@@ -99,16 +100,11 @@ float calmOf(const cv::Mat &strength)
             }
             if (values.empty())
                 continue;
-            const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-            std::nth_element(values.begin(), middle, values.end());
-            cells.push_back(*middle);
+            cells.push_back(geometry::upperMedian(values));
         }
     }
-    if (cells.empty())
-        return 0;
-    const auto calm = cells.begin() + static_cast<std::ptrdiff_t>(cells.size() / 4);
-    std::nth_element(cells.begin(), calm, cells.end());
-    return *calm;
+    const auto quarter = static_cast<int>(cells.size() / 4);
+    return cells.empty() ? 0 : geometry::valueInOrder(std::move(cells), quarter);
 }
 
 } // namespace

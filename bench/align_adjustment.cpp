@@ -6,9 +6,9 @@
 // in pixels.
 
 #include "align/Adjustment.h"
-#include "geometry/Angle.h"
 
 #include <QTextStream>
+#include <QtMath>
 #include <ctime>
 #include <random>
 #include <sys/resource.h>
@@ -18,7 +18,6 @@ namespace {
 constexpr int kPoints = 10;
 /// Pixels about each axis.
 constexpr double kHeadError = 10;
-constexpr double kDegree = geometry::kPi / 180;
 
 struct Grid {
     int columns;
@@ -39,7 +38,7 @@ Grid gridOf(int pictures)
 
     // As many columns as make a turn of 120 degrees, each picture 1.4 steps wide.
     const double step = 120.0 / grid.columns;
-    const PictureOptics optics{{900, 600}, 18 / std::tan(0.7 * step * kDegree), false};
+    const PictureOptics optics{{900, 600}, 18 / std::tan(qDegreesToRadians(0.7 * step)), false};
     const Lens nominal = Lens::of(optics);
     Lens lens = nominal;
     lens.focal *= 1.01;

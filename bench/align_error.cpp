@@ -84,7 +84,7 @@ int main(int argc, char **argv)
                         << project.pictures.size() << ' ' << error.whole.norm() << '\n';
     if (argc == 4
         && !writeTurned(QFile::decodeName(argv[2]), QFile::decodeName(argv[3]), project,
-            align::turnBy(error.whole * geometry::kPi / 180)))
+            align::turnBy(error.whole * M_PI / 180)))
         return 1;
     return project.pictures.isEmpty() ? 1 : 0;
 }

@@ -6,6 +6,7 @@
 #include "clauss/ClaussScript.h"
 #include "geometry/Angle.h"
 #include "geometry/AngleOfView.h"
+#include "geometry/Median.h"
 #include "geometry/ProximityLinks.h"
 #include "host/ImageInfo.h"
 #include "reader/HeadFile.h"
@@ -52,9 +53,7 @@ float middleOf(QVector<float> focals)
     focals.erase(
         std::remove_if(focals.begin(), focals.end(), [](float f) { return std::isnan(f); }),
         focals.end());
-    const auto middle = focals.begin() + focals.size() / 2;
-    std::nth_element(focals.begin(), middle, focals.end());
-    return focals.isEmpty() ? 0 : *middle;
+    return geometry::upperMedian(std::move(focals));
 }
 
 /// Of the pictures that have a shot.

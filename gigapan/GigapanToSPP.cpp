@@ -29,12 +29,12 @@ void appendGridLinks(const GigapanLayout &layout, bool fullTurn, QVector<Project
             const int belowRight = locationAt(layout, row + 1, rightColumn);
 
             if (hasBelow)
-                links.append({1, {here, below}});
+                links.append({ProjectLink::Vertical, {here, below}});
             if (hasRight)
-                links.append({2, {here, right}});
+                links.append({ProjectLink::Horizontal, {here, right}});
             if (hasBelow && hasRight) {
-                links.append({4, {below, right}});
-                links.append({3, {here, belowRight}});
+                links.append({ProjectLink::DownLeft, {below, right}});
+                links.append({ProjectLink::DownRight, {here, belowRight}});
             }
         }
     }

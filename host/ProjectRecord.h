@@ -9,9 +9,15 @@
 
 /// Locations that the host is to match against each other.
 struct ProjectLink {
-    /// 0: near by angle; 1: one above the other; 2: side by side; 3: diagonal, down and right;
-    /// 4: diagonal, down and left.
-    int kind = 0;
+    enum Kind {
+        Near = 0, ///< by angle, in any direction
+        Vertical = 1, ///< one above the other
+        Horizontal = 2, ///< side by side
+        DownRight = 3, ///< diagonal
+        DownLeft = 4, ///< diagonal
+    };
+
+    int kind = Near;
     /// Places in ProjectRecord::groups.
     QVector<int> indices;
 };
@@ -23,6 +29,10 @@ Q_DECLARE_TYPEINFO(ProjectLink, Q_MOVABLE_TYPE);
 /// Angles are radians: yaw to the right, pitch upward, roll clockwise as the picture is looked at.
 /// A member of which an import knows nothing keeps the initial value given here.
 struct ProjectRecord {
+    /// A standard lens is rectilinear.
+    enum LensType { StandardLens = 0, Fisheye = 1 };
+    enum OutputType { HostsChoice = 0, Tonemapped = 2, HdrRadiance = 3 };
+
     /// One entry a location: full paths of the pictures taken there (one, or a bracketed stack), in
     /// shooting order. VR Drive 2 has the reference picture of a stack first.
     QList<QStringList> groups;
@@ -38,8 +48,7 @@ struct ProjectRecord {
 
     /// Focal length in millimetres as on 36 x 24 mm film; 0: each picture's own.
     float focal = 0;
-    /// 0: standard (rectilinear) lens, 1: fisheye.
-    int lensType = 0;
+    int lensType = StandardLens;
 
     /// The host detects control points by itself.
     bool autoDetection = false;
@@ -61,6 +70,6 @@ struct ProjectRecord {
     bool fullTurn = false;
     double overlap = 0;
 
-    /// Rendering wanted: 0 the host's choice, 2 tonemapped, 3 HDR radiance.
-    int outputType = 0;
+    /// The rendering wanted.
+    int outputType = HostsChoice;
 };

@@ -5,12 +5,12 @@
 
 #include "geometry/Angle.h"
 
+#include <QtMath>
 #include <algorithm>
 #include <cmath>
 
 namespace {
 
-constexpr double kRadian = 180 / geometry::kPi;
 /// Cells of half a degree.
 constexpr int kColumns = 720;
 constexpr int kRows = 360;
@@ -95,7 +95,7 @@ Mask sphereMask(const PtoProject &project, const QVector<View> &views)
     }
     for (int i = 0; i < views.size(); ++i) {
         const double pitch = project.pictures.at(i).place.pitch;
-        const double reach = views.at(i).radius() * kRadian;
+        const double reach = qRadiansToDegrees(views.at(i).radius());
         const int first = std::clamp(int((90 - pitch - reach) / 180 * kRows), 0, kRows - 1);
         const int last = std::clamp(int((90 - pitch + reach) / 180 * kRows), 0, kRows - 1);
         for (int y = first; y <= last; ++y) {
@@ -176,7 +176,7 @@ QString misfit(const Extent &extent, Projection projection)
 /// Half the width of a canvas of \a angle degrees, a radian in its centre being 1.
 double halfWidth(Projection projection, double angle)
 {
-    const double half = angle / 2 / kRadian;
+    const double half = qDegreesToRadians(angle / 2);
     return projection == Projection::Rectilinear ? std::tan(half) : half;
 }
 
@@ -281,7 +281,7 @@ double Frame::scale() const
 std::optional<QPointF> Frame::project(const Direction &direction) const
 {
     Direction d = direction;
-    const double turn = yaw / kRadian;
+    const double turn = qDegreesToRadians(yaw);
     d[0] = direction[0] * std::cos(turn) - direction[2] * std::sin(turn);
     d[2] = direction[0] * std::sin(turn) + direction[2] * std::cos(turn);
     if (projection == Projection::Rectilinear && d[2] <= 1e-6)
@@ -295,7 +295,7 @@ std::optional<Direction> Frame::unproject(const QPointF &place) const
 {
     const double x = (place.x() - canvas.width() / 2.0) / scale();
     const double y = (canvas.height() / 2.0 - place.y()) / scale();
-    const double centre = yaw / kRadian;
+    const double centre = qDegreesToRadians(yaw);
     switch (projection) {
     case Projection::Rectilinear:
         return directionOf(std::atan(x) + centre, std::atan(y / std::hypot(x, 1)));
@@ -347,9 +347,10 @@ std::optional<Frame> frameOf(const PtoProject &project, const FrameWishes &wishe
     for (const double pitch : {extent.top, -extent.bottom})
         height = std::max(height,
             heightOf(frame.projection,
-                directionOf(
-                    frame.projection == Projection::Rectilinear ? extent.width / 2 / kRadian : 0,
-                    std::max(0.5, pitch) / kRadian)));
+                directionOf(frame.projection == Projection::Rectilinear
+                        ? qDegreesToRadians(extent.width / 2)
+                        : 0,
+                    qDegreesToRadians(std::max(0.5, pitch)))));
     if (frame.projection == Projection::Equirectangular && frame.angle == 360)
         frame.canvas.setHeight(frame.canvas.width() / 2);
     else

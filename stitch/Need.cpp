@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QHash>
 #include <QStorageInfo>
+#include <QtMath>
 #include <algorithm>
 #include <functional>
 #include <numeric>
@@ -34,7 +35,7 @@ bool crossesEdge(const Frame &frame, const View &view)
     constexpr int kSteps = 360;
     for (int i = 0; i <= kSteps; ++i) {
         const double pitch = (double(i) / kSteps - 0.5) * geometry::kPi;
-        if (view.sees(directionOf((frame.yaw + 180) * geometry::kPi / 180, pitch)))
+        if (view.sees(directionOf(qDegreesToRadians(frame.yaw + 180), pitch)))
             return true;
     }
     return false;

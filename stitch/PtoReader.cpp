@@ -8,11 +8,11 @@
 #include <QDir>
 #include <QHash>
 #include <QRegularExpression>
+#include <QtMath>
 #include <cmath>
 
 namespace {
 
-constexpr double kRadian = 180 / geometry::kPi;
 constexpr int kRectilinear = 0;
 constexpr int kFisheye = 3;
 /// Pixels a side; more than any camera has.
@@ -66,7 +66,7 @@ std::optional<PictureOptics> opticsFrom(const Values &values)
     const double width = values.value(QStringLiteral("w"));
     const double height = values.value(QStringLiteral("h"));
     const int type = int(values.value(QStringLiteral("f")));
-    const double angle = values.value(QStringLiteral("v")) / kRadian;
+    const double angle = qDegreesToRadians(values.value(QStringLiteral("v")));
     if (!(width >= 1 && height >= 1 && width <= kLongestSide && height <= kLongestSide)
         || (type != kRectilinear && type != kFisheye) || !(angle > 0)
         || (type == kRectilinear && angle >= geometry::kPi))
@@ -109,9 +109,9 @@ std::optional<ReadProject> readProject(
     for (const QByteArray &raw : text.split('\n')) {
         const QString line = QString::fromUtf8(raw);
         if (line.startsWith(QLatin1String("#hugin_outputHDRBlended true")))
-            read.project.outputType = 3;
+            read.project.outputType = ProjectRecord::HdrRadiance;
         else if (line.startsWith(QLatin1String("#hugin_outputLDRExposureBlended true")))
-            read.project.outputType = 2;
+            read.project.outputType = ProjectRecord::Tonemapped;
         else if (line.startsWith(QLatin1String("p "))) {
             if (const auto canvas = parse(line, {}))
                 read.project.outputExposure = canvas->values.value(QStringLiteral("E"));

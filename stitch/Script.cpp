@@ -3,9 +3,8 @@
 
 #include "stitch/Script.h"
 
-#include "geometry/Angle.h"
-
 #include <QHash>
+#include <QtMath>
 #include <cmath>
 
 namespace {
@@ -39,7 +38,7 @@ QByteArray pictureLine(
     const PictureOptics &lens = picture.lens;
     QByteArray line = "i w" + QByteArray::number(lens.size.width());
     line += " h" + QByteArray::number(lens.size.height()) + (lens.fisheye ? " f3" : " f0");
-    line += " v" + number(lens.angleAcross(lens.size.width()) * 180 / geometry::kPi);
+    line += " v" + number(qRadiansToDegrees(lens.angleAcross(lens.size.width())));
     line += " r" + number(picture.place.roll) + " p" + number(picture.place.pitch);
     line += " y" + number(std::remainder(picture.place.yaw - turn, 360.0));
     line += " a" + number(picture.distortion.a) + " b" + number(picture.distortion.b);

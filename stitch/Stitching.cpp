@@ -234,7 +234,7 @@ private:
     {
         PtoProject project = m_project;
         project.pictures.clear();
-        project.outputType = 0;
+        project.outputType = ProjectRecord::HostsChoice;
         QVector<PictureLight> light;
         for (const int place : representatives(m_project)) {
             project.pictures.append(m_project.pictures.at(place));
@@ -649,7 +649,7 @@ QStringList toolsFor(Rendering rendering, const StitchWishes &wishes)
 
 Rendering renderingOf(const PtoProject &project)
 {
-    if (project.outputType == 3)
+    if (project.outputType == ProjectRecord::HdrRadiance)
         return Rendering::Radiance;
     QSet<int> locations;
     for (const PtoProject::Picture &picture : project.pictures)

@@ -51,6 +51,7 @@ ProjectRecord *UIWPVRDrive2::makeRecord()
     if (!record)
         return nullptr;
     MoveReferenceExposureFirst(pictureInfos());
-    record->outputType = m_ui->m_rbOutputMode1->isChecked() ? Tonemapped : HdrRadiance;
+    record->outputType = m_ui->m_rbOutputMode1->isChecked() ? ProjectRecord::Tonemapped
+                                                            : ProjectRecord::HdrRadiance;
     return record;
 }

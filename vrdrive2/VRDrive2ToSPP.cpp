@@ -3,6 +3,7 @@
 
 #include "vrdrive2/VRDrive2ToSPP.h"
 
+#include "geometry/Median.h"
 #include "host/ImageInfo.h"
 
 #include <algorithm>
@@ -14,14 +15,6 @@ namespace {
 bool isDarker(float a, float b)
 {
     return a < b || (std::isnan(b) && !std::isnan(a));
-}
-
-/// Middle value of a series, the lower one of two.
-float medianOf(QVector<float> series)
-{
-    const auto middle = series.begin() + (series.size() - 1) / 2;
-    std::nth_element(series.begin(), middle, series.end(), isDarker);
-    return *middle;
 }
 
 } // namespace
@@ -39,7 +32,7 @@ void VRDrive2ToSPP::MoveReferenceExposureFirst(const QVector<float> &exposures)
     const QVector<float> series = exposures.mid(0, std::max(1, m_shooting.bracketCount));
     if (series.isEmpty())
         return;
-    const int reference = series.lastIndexOf(medianOf(series));
+    const int reference = series.lastIndexOf(geometry::lowerMedian(series, isDarker));
     if (reference <= 0)
         return;
     for (QStringList &stack : m_record.groups) {

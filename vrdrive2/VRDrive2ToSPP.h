@@ -10,9 +10,6 @@ class ImageInfo;
 /// The shooting-file conversion with the reference exposure moved to the front of each stack.
 class VRDrive2ToSPP : public MerlinToSPP {
 public:
-    /// Values of ProjectRecord::outputType.
-    enum OutputType { Tonemapped = 2, HdrRadiance = 3 };
-
     /// Puts the picture of middle exposure first in every stack of the record. \a pictures as the
     /// background reader gives them; only the first series is looked at.
     void MoveReferenceExposureFirst(const QList<ImageInfo *> &pictures);

@@ -33,7 +33,8 @@ PictureLens chosenLens(
 
 QString lensName(int lensType)
 {
-    return lensType == 1 ? QStringLiteral("fisheye") : QStringLiteral("standard");
+    return lensType == ProjectRecord::Fisheye ? QStringLiteral("fisheye")
+                                              : QStringLiteral("standard");
 }
 
 class PapywizardHead final : public ShootingFileHead {
@@ -99,10 +100,13 @@ QStringList ShootingFileHead::remarks(const PictureList &pictures, const ImportO
         static_cast<int>(pictures.paths.size()), ofPictures};
     if (shootingWarning(state) == ShootingWarning::LensDiffers) {
         sentences.append(QStringLiteral("%1: the file's lens is %2, the pictures' %3; %4 is taken")
-                             .arg(options.config, lensName(shooting.fisheye ? 1 : 0),
+                             .arg(options.config,
+                                 lensName(shooting.fisheye ? ProjectRecord::Fisheye
+                                                           : ProjectRecord::StandardLens),
                                  lensName(ofPictures.lensType), lensName(chosen.lensType)));
         // That warning hides the one about the focal length.
-        state.pictures.lensType = shooting.fisheye ? 1 : 0;
+        state.pictures.lensType
+            = shooting.fisheye ? ProjectRecord::Fisheye : ProjectRecord::StandardLens;
     }
     if (shootingWarning(state) == ShootingWarning::FocalDiffers) {
         sentences.append(

@@ -13,7 +13,7 @@ public:
     {
         if (reader.choice("output-type", {QStringLiteral("tonemapped"), QStringLiteral("hdr")})
             == 1)
-            m_outputType = VRDrive2ToSPP::HdrRadiance;
+            m_outputType = ProjectRecord::HdrRadiance;
     }
 
     ProjectRecord convert(const PictureList &pictures, const ImportOptions &options) override
@@ -33,7 +33,7 @@ protected:
 
 private:
     VRDrive2ToSPP m_converter;
-    VRDrive2ToSPP::OutputType m_outputType = VRDrive2ToSPP::Tonemapped;
+    ProjectRecord::OutputType m_outputType = ProjectRecord::Tonemapped;
 };
 
 } // namespace

@@ -3,11 +3,12 @@
 
 #include "apps/panohost/map/MapLayout.h"
 
-#include "geometry/Angle.h"
+#include "geometry/Median.h"
 #include "gigapan/GigapanToSPP.h"
 
 #include <QCoreApplication>
 #include <QMap>
+#include <QtMath>
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -24,11 +25,6 @@ constexpr QSize kUsualSize(6000, 4000);
 QString sentence(const char *text, int count = -1)
 {
     return QCoreApplication::translate("MapLayout", text, nullptr, count);
-}
-
-double degrees(float radians)
-{
-    return double(radians) * 180 / geometry::kPi;
 }
 
 bool standsByQuarterTurn(const std::optional<PictureFacts> &first)
@@ -52,13 +48,13 @@ void placeByAngles(const ProjectRecord &record, MapLayout &layout)
         const qint64 shot = qint64(location) * step;
         if (shot >= angles)
             break;
-        const double yaw = wrapped(degrees(record.yaws[int(shot)]));
-        const double pitch = degrees(record.pitches[int(shot)]);
+        const double yaw = wrapped(qRadiansToDegrees(double(record.yaws[int(shot)])));
+        const double pitch = qRadiansToDegrees(double(record.pitches[int(shot)]));
         if (!std::isfinite(yaw) || !(std::abs(pitch) <= 360))
             continue;
         MapPlace &place = layout.places[location];
         place.at = {yaw, -pitch};
-        const double roll = degrees(record.rolls.value(int(shot)));
+        const double roll = qRadiansToDegrees(double(record.rolls.value(int(shot))));
         place.roll = std::isfinite(roll) ? std::remainder(roll, 360) : 0;
     }
 }
@@ -137,9 +133,7 @@ double usualSpacing(const QVector<MapPlace> &places)
     }
     if (nearest.isEmpty())
         return MapLayout().spacing.width();
-    const auto middle = nearest.begin() + nearest.size() / 2;
-    std::nth_element(nearest.begin(), middle, nearest.end());
-    return *middle;
+    return geometry::upperMedian(std::move(nearest));
 }
 
 QRectF extentOf(const QVector<MapPlace> &places, const QSizeF &spacing)

@@ -292,8 +292,7 @@ QString FinishingPane::askPlace()
     const QStringList suffixes{QStringLiteral("jpg"), QStringLiteral("tif"), QStringLiteral("exr")};
     const QStringList filters{tr("JPEG pictures (*.jpg)"), tr("TIFF pictures, 16 bits (*.tif)"),
         tr("OpenEXR pictures, radiance (*.exr)")};
-    constexpr int kRadiance = 3;
-    const int first = m_import.record.outputType == kRadiance ? 2 : 0;
+    const int first = m_import.record.outputType == ProjectRecord::HdrRadiance ? 2 : 0;
 
     QStringList inputs{m_import.project};
     for (const QStringList &stack : qAsConst(m_import.record.groups))

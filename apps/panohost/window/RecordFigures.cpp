@@ -7,11 +7,11 @@
 #include "align/GridShape.h"
 #include "align/Placement.h"
 #include "apps/panohost/map/RecordMap.h"
-#include "geometry/Angle.h"
 #include "papywizard/ShootingChecks.h"
 
 #include <QLocale>
 #include <QSet>
+#include <QtMath>
 #include <algorithm>
 #include <cmath>
 
@@ -49,7 +49,8 @@ QString millimetres(double focal)
 
 QString lensName(int lensType)
 {
-    return lensType == 1 ? FigureTexts::tr("fisheye") : FigureTexts::tr("standard");
+    return lensType == ProjectRecord::Fisheye ? FigureTexts::tr("fisheye")
+                                              : FigureTexts::tr("standard");
 }
 
 bool isNear(double a, double b)
@@ -130,8 +131,9 @@ void addLens(QVector<RecordFigure> &figures, const ProjectRecord &record,
             {lensLabel, (record.lensType == told.lensType ? fromPictures : byHand).arg(lens)});
     } else if (file.focal > 0 && isNear(double(record.focal), file.focal)) {
         figures.append({focalLabel, fromFile.arg(focal)});
-        figures.append(
-            {lensLabel, ((record.lensType == 1) == file.isFisheye ? fromFile : byHand).arg(lens)});
+        figures.append({lensLabel,
+            ((record.lensType == ProjectRecord::Fisheye) == file.isFisheye ? fromFile : byHand)
+                .arg(lens)});
     } else {
         figures.append({focalLabel, byHand.arg(focal)});
         figures.append({lensLabel, lens});
@@ -146,8 +148,8 @@ void addFieldOfView(
     if (!lens)
         return;
     const bool turned = std::abs(first.uprightTurn()) == 90;
-    double across = lens->angleAcross(lens->size.width()) * 180 / geometry::kPi;
-    double down = lens->angleAcross(lens->size.height()) * 180 / geometry::kPi;
+    double across = qRadiansToDegrees(lens->angleAcross(lens->size.width()));
+    double down = qRadiansToDegrees(lens->angleAcross(lens->size.height()));
     if (turned)
         std::swap(across, down);
     figures.append({FigureTexts::tr("Field of view"),
@@ -176,7 +178,7 @@ double turnOf(const ProjectRecord &record)
     QVector<double> yaws;
     for (const float yaw : record.yaws) {
         if (std::isfinite(yaw))
-            yaws.append(std::remainder(double(yaw) * 180 / geometry::kPi, 360));
+            yaws.append(std::remainder(qRadiansToDegrees(double(yaw)), 360));
     }
     if (yaws.isEmpty())
         return 0;
@@ -267,7 +269,7 @@ QVector<RecordFigure> figuresOf(
 QStringList doubtsAbout(const ProjectRecord &record, const PictureTable &pictures)
 {
     QStringList doubts;
-    const bool isFisheye = record.lensType == 1;
+    const bool isFisheye = record.lensType == ProjectRecord::Fisheye;
     const QString focal = millimetres(double(record.focal));
     if (record.focal > 0 && (record.focal < kShortestFocal || record.focal > kLongestFocal))
         doubts += FigureTexts::tr("No lens has a focal length of %1.").arg(focal);
