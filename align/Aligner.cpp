@@ -119,24 +119,25 @@ bool Aligner::run()
 
 bool Aligner::matchAll()
 {
-    if (!track(m_pairs.all(), QStringLiteral("matching")))
+    if (!track(m_pairs.all(), QStringLiteral("matching"), 0))
         return false;
 
     // Where most fail, the others may have been found by chance. Of a grid, whose overlap is but
     // stated, less will do.
     PicturePairs::Places again = m_pairs.failed();
-    const PicturePairs::Places textured = m_pairs.textured();
-    const bool isLost = (m_isGrid ? 8 : 2) * again.size() > textured.size();
+    const bool isLost = (m_isGrid ? 8 : 2) * again.size() > m_pairs.textured().size();
     if (isLost)
-        again = textured;
+        again = m_pairs.doubtful();
     // What the first places do not help to join, either, is searched.
     const int searchRound = isLost ? 0 : 1;
+    const double leastPart = isLost ? PairMatcher::kSurePart : 0;
+    const QString step = QStringLiteral("matching again");
     for (int round = 0; round < kRounds; ++round) {
-        PicturePairs::Places sought;
-        if (round == searchRound)
-            sought = isLost ? again : m_pairs.loose(again);
-        if (!sought.empty() && !search(sought))
-            return false;
+        if (round == searchRound) {
+            const PicturePairs::Places sought = isLost ? again : m_pairs.loose(again);
+            if (!search(sought) || !track(sought, step, leastPart))
+                return false;
+        }
         if (again.empty() && !m_pairs.hasPoor())
             break;
         if (m_isGrid && round == 0)
@@ -145,27 +146,31 @@ bool Aligner::matchAll()
             return false;
         m_pairs.dropWrong();
         PicturePairs::Places next = m_pairs.failed();
-        for (const PicturePairs::Places &more : {m_pairs.distant(), sought})
-            next.insert(next.end(), more.begin(), more.end());
-        std::sort(next.begin(), next.end());
-        next.erase(std::unique(next.begin(), next.end()), next.end());
-        if (!track(next, QStringLiteral("matching again")))
+        const PicturePairs::Places distant = m_pairs.distant();
+        next.insert(next.end(), distant.begin(), distant.end());
+        if (!track(next, step, leastPart))
             return false;
         again = m_pairs.failed();
     }
-    return solve(true);
+    do {
+        if (!solve(true))
+            return false;
+    } while (m_pairs.dropHopeless());
+    return true;
 }
 
-bool Aligner::track(const PicturePairs::Places &wanted, const QString &step)
+bool Aligner::track(const PicturePairs::Places &wanted, const QString &step, double leastPart)
 {
-    const bool isDone
-        = m_matcher.track(wanted, [&](int done, int total) { return tell(step, done, total); });
+    const bool isDone = m_matcher.track(
+        wanted, leastPart, [&](int done, int total) { return tell(step, done, total); });
     endStep(step);
     return isDone;
 }
 
 bool Aligner::search(const PicturePairs::Places &wanted)
 {
+    if (wanted.empty())
+        return true;
     const QString step = QStringLiteral("searching");
     const bool isDone
         = m_matcher.search(wanted, [&](int done, int total) { return tell(step, done, total); });

@@ -29,7 +29,7 @@ public:
 
 private:
     bool matchAll();
-    bool track(const PicturePairs::Places &wanted, const QString &step);
+    bool track(const PicturePairs::Places &wanted, const QString &step, double leastPart);
     bool search(const PicturePairs::Places &wanted);
     bool solve(bool isLast);
     void restepGrid();

@@ -29,8 +29,6 @@ constexpr double kBend = 0.03;
 constexpr double kReach = 60;
 /// Part of the corners tracked that must agree on one turn.
 constexpr double kPart = 0.3;
-/// Part of the corners looked for that must be found where much that is alike may be nearer.
-constexpr double kSurePart = 0.4;
 /// Radians that a feature may be off its place; of a grid at least this part of the field of view.
 constexpr double kWideGate = 20 * M_PI / 180;
 constexpr double kGridGate = 0.8;
@@ -56,7 +54,7 @@ QByteArray packed(const PicturePair &pair)
 {
     QByteArray value;
     QDataStream stream(&value, QIODevice::WriteOnly);
-    stream << pair.corners << pair.distance;
+    stream << pair.corners << pair.distance << pair.isSure << pair.isRough;
     for (const double element : pair.turn.reshaped())
         stream << element;
     stream << static_cast<quint32>(pair.matches.size());
@@ -70,15 +68,17 @@ void unpack(const QByteArray &value, PicturePair *pair)
 {
     QDataStream stream(value);
     quint32 count = 0;
-    stream >> pair->corners >> pair->distance;
+    stream >> pair->corners >> pair->distance >> pair->isSure >> pair->isRough;
     for (double &element : pair->turn.reshaped())
         stream >> element;
     stream >> count;
     pair->matches.clear();
-    for (quint32 i = 0; i < count && stream.status() == QDataStream::Ok; ++i) {
+    while (count-- > 0) {
         Match match;
         stream >> match.inFirst.x >> match.inFirst.y >> match.inSecond.x >> match.inSecond.y
             >> match.weight;
+        if (stream.status() != QDataStream::Ok)
+            break;
         pair->matches.push_back(match);
     }
 }
@@ -95,7 +95,8 @@ PairMatcher::PairMatcher(const PtoProject &project, const Cameras &cameras, bool
 {
 }
 
-bool PairMatcher::track(const PicturePairs::Places &wanted, const Progress &progress)
+bool PairMatcher::track(
+    const PicturePairs::Places &wanted, double leastPart, const Progress &progress)
 {
     const auto readCorners = [this](int picture) {
         WorkingPicture result = read(picture);
@@ -104,39 +105,52 @@ bool PairMatcher::track(const PicturePairs::Places &wanted, const Progress &prog
         return result;
     };
     const auto match
-        = [this](const WorkingPicture &first, const WorkingPicture &second, PicturePair *pair) {
+        = [&](const WorkingPicture &first, const WorkingPicture &second, PicturePair *pair) {
               if (!first.isNull() && !second.isNull())
-                  trackPair(first, second, pair);
+                  trackPair(first, second, leastPart, pair);
           };
-    return visit<WorkingPicture>("track", wanted, readCorners, match, progress);
+    return visit<WorkingPicture>("track", leastPart, wanted, readCorners, match, progress);
 }
 
 void PairMatcher::trackPair(
-    const WorkingPicture &first, const WorkingPicture &second, PicturePair *pair)
+    const WorkingPicture &first, const WorkingPicture &second, double leastPart, PicturePair *pair)
 {
     const Lens &lens = m_cameras.lens(pair->first);
     const View one{&first, lens, m_cameras.rotation(pair->first)};
     View other{&second, m_cameras.lens(pair->second), m_cameras.rotation(pair->second)};
-    const auto agreed = [&](const Tracked &tracked, double reach) {
-        return agreementOf(*pair, tracked.matches, 2 * reach * first.scale / lens.focal, kPart);
+    int corners = 0;
+    const auto isFound = [&](const Rotation &place, bool isFar) {
+        other.rotation = place;
+        const Tracked tracked = align::track(one, other);
+        corners = tracked.corners;
+        const Agreement agreement
+            = agreementOf(*pair, one.rotation.transpose() * place, tracked.matches,
+                {kBend * lens.unit / lens.focal, 2 * kReach * first.scale / lens.focal, kPart});
+        const auto found = static_cast<double>(agreement.agreeing.size());
+        if (!agreement || found < (isFar ? kSurePart : leastPart) * tracked.sought)
+            return false;
+        pair->turn = agreement.turn;
+        // Found far off it was seen through what is known of the lens so far: not for the last
+        // time.
+        pair->distance = isFar ? std::numeric_limits<double>::infinity()
+                               : agreement.distance * lens.focal / first.scale;
+        pair->matches = chosen(tracked.matches, agreement, kKept);
+        pair->isSure = found >= kSurePart * tracked.sought;
+        pair->isRough = false;
+        return true;
     };
-    Tracked tracked = align::track(one, other);
-    pair->corners = tracked.corners;
-    Agreement agreement = agreed(tracked, kReach);
-    if (!agreement) {
-        const auto found = searchShift(one, other);
-        if (!found)
-            return;
-        other.rotation = *found;
-        tracked = align::track(one, other);
-        agreement
-            = agreed(tracked, kReach + kShiftReach * std::max(first.grey.cols, first.grey.rows));
-        if (!agreement || double(agreement.agreeing.size()) < kSurePart * tracked.sought)
-            return;
+    if (pair->isRough) {
+        if (!isFound(one.rotation * pair->turn, true))
+            pair->matches.clear();
+        pair->isRough = false;
+        return;
     }
-    pair->turn = agreement.turn;
-    pair->distance = agreement.distance * lens.focal / first.scale;
-    pair->matches = chosen(tracked.matches, agreement, kKept);
+    const bool isNear = isFound(other.rotation, false);
+    pair->corners = corners;
+    if (isNear)
+        return;
+    if (const auto place = searchShift(one, other))
+        isFound(*place, true);
 }
 
 bool PairMatcher::search(const PicturePairs::Places &wanted, const Progress &progress)
@@ -151,32 +165,34 @@ bool PairMatcher::search(const PicturePairs::Places &wanted, const Progress &pro
             = matchFeatures({&first, lens, m_cameras.rotation(pair->first)},
                 {&second, m_cameras.lens(pair->second), m_cameras.rotation(pair->second)}, gate);
         const Agreement agreement
-            = agreementOf(*pair, matches, gate, m_isGrid ? kGridFeaturePart : kFeaturePart);
+            = agreementOf(*pair, m_cameras.turnBetween(pair->first, pair->second), matches,
+                {kBend * lens.unit / lens.focal, gate, m_isGrid ? kGridFeaturePart : kFeaturePart});
         pair->matches = chosen(matches, agreement, matches.size());
-        if (agreement) {
+        pair->isRough = pair->isJoined();
+        if (agreement)
             pair->turn = agreement.turn;
-            pair->distance = std::numeric_limits<double>::infinity();
-        }
     };
-    return visit<Features>("search", wanted, readFeatures, match, progress);
+    return visit<Features>("search", 0, wanted, readFeatures, match, progress);
 }
 
 /// Has \a match done for each pair of \a wanted that no earlier run matched like this.
 template <class Picture, class Read, class Match>
-bool PairMatcher::visit(const char *method, const PicturePairs::Places &wanted, const Read &read,
-    const Match &match, const Progress &progress)
+bool PairMatcher::visit(const char *method, double leastPart, const PicturePairs::Places &wanted,
+    const Read &read, const Match &match, const Progress &progress)
 {
     PicturePairs::Places places;
+    std::vector<QByteArray> keys;
     std::vector<QPair<int, int>> pictures;
     for (const int place : wanted) {
         PicturePair &pair = m_pairs[place];
-        const QByteArray known
-            = m_cache.isUsed() ? m_cache.value(keyOf(pair, method)) : QByteArray();
+        const QByteArray key = m_cache.isUsed() ? keyOf(pair, method, leastPart) : QByteArray();
+        const QByteArray known = m_cache.value(key);
         if (!known.isEmpty()) {
             unpack(known, &pair);
             continue;
         }
         places.push_back(place);
+        keys.push_back(key);
         pictures.emplace_back(pair.first, pair.second);
     }
     int done = 0;
@@ -184,8 +200,7 @@ bool PairMatcher::visit(const char *method, const PicturePairs::Places &wanted, 
         pictures, read, [&](int i, const Picture &first, const Picture &second) {
             PicturePair &pair = m_pairs[places[static_cast<std::size_t>(i)]];
             match(first, second, &pair);
-            if (m_cache.isUsed())
-                m_cache.insert(keyOf(pair, method), packed(pair));
+            m_cache.insert(keys[static_cast<std::size_t>(i)], packed(pair));
             return progress(++done, static_cast<int>(places.size()));
         });
 }
@@ -196,8 +211,8 @@ WorkingPicture PairMatcher::read(int picture) const
     return readWorkingPicture(entry.path, entry.lens.size);
 }
 
-Agreement PairMatcher::agreementOf(
-    const PicturePair &pair, const std::vector<Match> &matches, double gate, double part) const
+Agreement PairMatcher::agreementOf(const PicturePair &pair, const Rotation &expected,
+    const std::vector<Match> &matches, const AgreementLimits &limits) const
 {
     const Lens &first = m_cameras.lens(pair.first);
     const Lens &second = m_cameras.lens(pair.second);
@@ -205,16 +220,15 @@ Agreement PairMatcher::agreementOf(
     rays.reserve(matches.size());
     for (const Match &match : matches)
         rays.push_back({first.ray(match.inFirst), second.ray(match.inSecond)});
-    return agreedTurn(rays, m_cameras.turnBetween(pair.first, pair.second),
-        {kBend * first.unit / first.focal, gate, part},
+    return agreedTurn(rays, expected, limits,
         static_cast<std::uint32_t>(pair.first) * 7919U + static_cast<std::uint32_t>(pair.second));
 }
 
-QByteArray PairMatcher::keyOf(const PicturePair &pair, const char *method) const
+QByteArray PairMatcher::keyOf(const PicturePair &pair, const char *method, double leastPart) const
 {
     QByteArray text;
     QDataStream stream(&text, QIODevice::WriteOnly);
-    stream << kMethods << QByteArray(method) << m_isGrid;
+    stream << kMethods << QByteArray(method) << leastPart << m_isGrid << pair.isRough;
     for (const int picture : {pair.first, pair.second}) {
         const PtoProject::Picture &entry = m_project.pictures.at(picture);
         const QFileInfo file(entry.path);
@@ -223,7 +237,7 @@ QByteArray PairMatcher::keyOf(const PicturePair &pair, const char *method) const
                << entry.lens.size << lens.focal << lens.distortion << lens.fisheye;
     }
     const Rotation turn = m_cameras.turnBetween(pair.first, pair.second);
-    for (const double value : turn.reshaped())
+    for (const double value : (pair.isRough ? pair.turn : turn).reshaped())
         stream << value;
     return QCryptographicHash::hash(text, QCryptographicHash::Md5);
 }

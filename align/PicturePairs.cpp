@@ -29,6 +29,8 @@ constexpr double kOutlierTimes = 4;
 /// Working pixels beyond which all of a pair is wrong, and how many times the middle distance.
 constexpr double kWrong = 3;
 constexpr double kWrongTimes = 6;
+/// Working pixels that no parallax and no bent lens makes.
+constexpr double kHopeless = 20;
 
 std::size_t at(int i)
 {
@@ -113,6 +115,13 @@ PicturePairs::Places PicturePairs::failed() const
 PicturePairs::Places PicturePairs::textured() const
 {
     return where([](const PicturePair &pair) { return pair.isJoined() || pair.isTextured(); });
+}
+
+PicturePairs::Places PicturePairs::doubtful() const
+{
+    return where([](const PicturePair &pair) {
+        return (pair.isJoined() && !pair.isSure) || (!pair.isJoined() && pair.isTextured());
+    });
 }
 
 PicturePairs::Places PicturePairs::distant() const
@@ -207,18 +216,41 @@ void PicturePairs::dropOutliers()
 
 void PicturePairs::dropWrong()
 {
-    std::vector<double> middles;
+    const std::vector<double> middles = middleResiduals();
     std::vector<double> joined;
-    for (const PicturePair &pair : m_pairs) {
+    for (int i = 0; i < count(); ++i) {
+        if ((*this)[i].isJoined())
+            joined.push_back(middles[at(i)]);
+    }
+    const double middle = geometry::upperMedian(std::move(joined));
+    dropBeyond(std::clamp(kWrongTimes * middle, kWrong, kHopeless), middles);
+}
+
+bool PicturePairs::dropHopeless()
+{
+    return dropBeyond(kHopeless, middleResiduals());
+}
+
+bool PicturePairs::dropBeyond(double limit, const std::vector<double> &middles)
+{
+    bool isDropped = false;
+    for (int i = 0; i < count(); ++i) {
+        if (middles[at(i)] > limit) {
+            (*this)[i].matches.clear();
+            isDropped = true;
+        }
+    }
+    return isDropped;
+}
+
+/// Of each pair; 0 where nothing was found.
+std::vector<double> PicturePairs::middleResiduals() const
+{
+    std::vector<double> middles;
+    middles.reserve(m_pairs.size());
+    for (const PicturePair &pair : m_pairs)
         middles.push_back(geometry::upperMedian(residuals(pair)));
-        if (pair.isJoined())
-            joined.push_back(middles.back());
-    }
-    const double limit = std::max(kWrong, kWrongTimes * geometry::upperMedian(std::move(joined)));
-    for (std::size_t i = 0; i < m_pairs.size(); ++i) {
-        if (middles[i] > limit)
-            m_pairs[i].matches.clear();
-    }
+    return middles;
 }
 
 } // namespace align

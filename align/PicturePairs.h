@@ -21,8 +21,12 @@ struct PicturePair {
     std::vector<Match> matches;
     /// Of the second camera's axes into the first's.
     Rotation turn = Rotation::Identity();
-    /// Working pixels from where it was expected to where it was found.
+    /// Working pixels from where it was looked for to where it was found.
     double distance = 0;
+    /// Found by so many of the corners looked for that chance cannot have done it.
+    bool isSure = false;
+    /// Found by features, which only tell where to track.
+    bool isRough = false;
 
     bool isJoined() const { return !matches.empty(); }
     /// Whether both pictures show enough there for something to be found.
@@ -58,6 +62,8 @@ public:
     Places failed() const;
     /// Those in which something was found, or should have been.
     Places textured() const;
+    /// Those of them of which one cannot be sure.
+    Places doubtful() const;
     /// Those found so far from where they were expected that more will be found there.
     Places distant() const;
     /// Whether there are some that want tracking again.
@@ -73,9 +79,13 @@ public:
     void dropOutliers();
     /// Forgets all matches of pairs that agreed on a turn that nothing else bears out.
     void dropWrong();
+    /// The same for pairs that can by no means be right; false when there are none.
+    bool dropHopeless();
 
 private:
     template <class Condition> Places where(const Condition &condition) const;
+    bool dropBeyond(double limit, const std::vector<double> &middles);
+    std::vector<double> middleResiduals() const;
 
     const Cameras &m_cameras;
     std::vector<PicturePair> m_pairs;
