@@ -5,6 +5,7 @@
 
 #include "align/Adjustment.h"
 #include "align/Chain.h"
+#include "align/HeldPlaces.h"
 #include "align/Tracking.h"
 #include "geometry/Median.h"
 
@@ -111,6 +112,7 @@ bool Aligner::run()
         // Nothing but the matches held the pictures.
         if (!m_isGuided)
             settle(m_pairs, &m_cameras);
+        placeHeld(m_pairs, &m_cameras);
     }
     if (!m_options.keep)
         m_cache.remove();
