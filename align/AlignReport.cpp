@@ -4,9 +4,11 @@
 #include "align/AlignReport.h"
 
 #include <QFileInfo>
+#include <QHash>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <algorithm>
 
 namespace {
 
@@ -39,47 +41,100 @@ QString shown(const QStringList &names)
     return text;
 }
 
+QString percent(double value)
+{
+    return number(value, 0) + QStringLiteral(" %");
+}
+
+/// What neighbours share in a row and in a column; 0 is not known.
+QString sharedText(double across, double down)
+{
+    if (across > 0 && down > 0)
+        return QStringLiteral("%1 in a row and %2 in a column").arg(percent(across), percent(down));
+    return across > 0 ? QStringLiteral("%1 in a row").arg(percent(across))
+                      : QStringLiteral("%1 in a column").arg(percent(down));
+}
+
 } // namespace
 
 QString AlignReport::toText() const
 {
     QStringList lines;
-    lines.append(QStringLiteral("%1 %2, %3 joined")
-                     .arg(pictures)
-                     .arg(pictures == 1 ? QStringLiteral("picture") : QStringLiteral("pictures"))
-                     .arg(joined));
-    if (!held.isEmpty())
+    const auto line = [&lines](const QString &text) { lines.append(text); };
+    line(QStringLiteral("%1 %2, %3 joined")
+             .arg(pictures)
+             .arg(pictures == 1 ? QStringLiteral("picture") : QStringLiteral("pictures"))
+             .arg(joined));
+    if (!isMatched)
+        line(
+            QStringLiteral("no points were looked for, as asked: positions are the recorded ones"));
+    else if (!held.isEmpty())
         lines.last() += QStringLiteral(", %1 held by the head: %2")
                             .arg(held.size())
                             .arg(shown(namesOf(held)));
+    if (parts > 1)
+        line(QStringLiteral("in %1 parts that no points join: only the head tells how they lie")
+                 .arg(parts));
     if (joined > 0) {
-        lines.append(QStringLiteral("points miss each other by %1 pixels, at worst %2 (%3, %4)")
-                         .arg(number(residualRms, 2), number(residualWorst, 2),
-                             nameOf(worstPair.first), nameOf(worstPair.second)));
-        lines.append(QStringLiteral("focal length %1 mm (%2 stated), distortion %3")
-                         .arg(number(focal, 2), number(recordedFocal, 2), number(distortion, 4)));
-        lines.append(QStringLiteral("the head was %1 degrees off, at worst %2")
-                         .arg(number(headErrorRms, 2), number(headErrorWorst, 2)));
+        line(QStringLiteral("points miss each other by %1 pixels, at worst %2 (%3, %4)")
+                 .arg(number(residualRms, 2), number(residualWorst, 2), nameOf(worstPair.first),
+                     nameOf(worstPair.second)));
+        if (isOptimised) {
+            line(QStringLiteral("focal length %1 mm (%2 stated), distortion %3")
+                     .arg(number(focal, 2), number(recordedFocal, 2), number(distortion, 4)));
+            line(QStringLiteral("the head was %1 degrees off, at worst %2")
+                     .arg(number(headErrorRms, 2), number(headErrorWorst, 2)));
+        } else {
+            line(QStringLiteral("positions are the recorded ones, as asked"));
+        }
     }
-    QStringList far;
-    QStringList unlike;
-    for (const Suspect &suspect : suspects) {
-        const QStringList names = namesOf(suspect.pictures);
-        if (suspect.pictures.size() == 1)
-            far.append(QStringLiteral("%1 (%2)").arg(names.first(), number(suspect.degrees, 1)));
-        else
-            unlike.append(names.join(QStringLiteral(" and ")));
-    }
-    if (!far.isEmpty())
-        lines.append(QStringLiteral("more degrees off than a head should be: ") + shown(far));
-    if (!unlike.isEmpty())
-        lines.append(QStringLiteral("should overlap and do not match: ") + shown(unlike));
+    if (overlapAcross > 0 || overlapDown > 0)
+        line(QStringLiteral("neighbours share %1 (%2 stated)")
+                 .arg(sharedText(overlapAcross, overlapDown), percent(recordedOverlap)));
+    if (!fits)
+        line(QStringLiteral("pictures and record do not fit: a wrong focal length, or the file of "
+                            "another shooting?"));
+    appendSuspects(&lines);
     QStringList times;
     for (const auto &[step, time] : seconds)
         times.append(QStringLiteral("%1 %2 s").arg(step, number(time, 2)));
     if (!times.isEmpty())
-        lines.append(times.join(QLatin1String(", ")));
+        line(times.join(QLatin1String(", ")));
     return lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
+}
+
+void AlignReport::appendSuspects(QStringList *lines) const
+{
+    QStringList far;
+    // A picture in which nothing was found, though more than one neighbour shows the same.
+    QStringList strangers;
+    QHash<QString, int> mismatches;
+    for (const Suspect &suspect : suspects) {
+        if (suspect.pictures.size() == 1)
+            far.append(QStringLiteral("%1 (%2 degrees)")
+                           .arg(nameOf(suspect.pictures.first()), number(suspect.degrees, 1)));
+        for (int i = 0; i < suspect.pictures.size() && suspect.pictures.size() > 1; ++i)
+            ++mismatches[suspect.pictures.at(i)];
+    }
+    for (const QString &path : held) {
+        if (joined > 0 && mismatches.value(path) > 1)
+            strangers.append(path);
+    }
+    QStringList unlike;
+    for (const Suspect &suspect : suspects) {
+        const auto isStranger
+            = [&strangers](const QString &path) { return strangers.contains(path); };
+        if (suspect.pictures.size() > 1
+            && std::none_of(suspect.pictures.cbegin(), suspect.pictures.cend(), isStranger))
+            unlike.append(namesOf(suspect.pictures).join(QStringLiteral(" and ")));
+    }
+    const auto add = [lines](const char *text, const QStringList &names) {
+        if (!names.isEmpty())
+            lines->append(QLatin1String(text) + shown(names));
+    };
+    add("further off than a head should be: ", far);
+    add("like none of their neighbours, wrong files perhaps: ", namesOf(strangers));
+    add("should overlap and do not match: ", unlike);
 }
 
 QByteArray AlignReport::toJson() const
@@ -105,6 +160,7 @@ QByteArray AlignReport::toJson() const
     return QJsonDocument(QJsonObject{
                              {QStringLiteral("pictures"), pictures},
                              {QStringLiteral("joined"), joined},
+                             {QStringLiteral("parts"), parts},
                              {QStringLiteral("held"), QJsonArray::fromStringList(namesOf(held))},
                              {QStringLiteral("residual_px"), residual},
                              {QStringLiteral("focal"), focal},

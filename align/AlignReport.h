@@ -19,8 +19,22 @@ struct AlignReport {
     };
 
     int pictures = 0;
+    /// Whether points were looked for, and whether positions and lens follow them; else these are
+    /// the recorded ones.
+    bool isMatched = true;
+    bool isOptimised = true;
     /// Pictures with points.
     int joined = 0;
+    /// Sets of pictures that points join; no point leads from one to another.
+    int parts = 0;
+    /// False when points miss each other by so much, or the focal length is so far from the one
+    /// recorded, that pictures and record can hardly belong together.
+    bool fits = true;
+    /// Percent that neighbours of a grid share, in a row and in a column, as recorded and as found;
+    /// 0 when there is no grid or too little was found.
+    double recordedOverlap = 0;
+    double overlapAcross = 0;
+    double overlapDown = 0;
     /// Full paths of the others: they stay where the head put them and turn with their neighbours.
     QStringList held;
     /// Distances of points in pixels of the pictures as stored; 0 when there are none.
@@ -40,11 +54,15 @@ struct AlignReport {
     /// Steps in their order and how many seconds each took.
     QVector<QPair<QString, double>> seconds;
 
-    /// A few lines for people.
+    /// A few lines, in English.
     QString toText() const;
-    /// {"pictures": n, "joined": n, "held": ["name"], "residual_px": {"rms": x, "worst": x,
-    /// "pair": ["a", "b"]}, "focal": mm, "distortion": b, "head_error_deg": {"rms": x, "worst": x},
-    /// "suspect": [{"pictures": ["name"], "degrees": x}, {"pictures": ["a", "b"]}], "seconds":
+    /// {"pictures": n, "joined": n, "parts": n, "held": ["name"], "residual_px": {"rms": x,
+    /// "worst": x, "pair": ["a", "b"]}, "focal": mm, "distortion": b, "head_error_deg": {"rms": x,
+    /// "worst": x}, "suspect": [{"pictures": ["name"], "degrees": x}, {"pictures": ["a", "b"]}],
+    /// "seconds":
     /// {"step": x}}
     QByteArray toJson() const;
+
+private:
+    void appendSuspects(QStringList *lines) const;
 };

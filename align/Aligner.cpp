@@ -12,6 +12,7 @@
 #include <opencv2/core/utility.hpp>
 
 #include <QHash>
+#include <QSet>
 #include <QtMath>
 #include <algorithm>
 #include <cmath>
@@ -24,8 +25,14 @@ namespace {
 constexpr double kOverlap = 0.06;
 /// How often failed pairs are tried again.
 constexpr int kRounds = 2;
+/// Steps of a grid that tell its overlap.
+constexpr std::size_t kFewestSteps = 3;
 /// Degrees from the head's word beyond which a picture is doubtful.
 constexpr double kStumble = 3;
+/// Working pixels by which points miss each other, and part of the focal length that it is off,
+/// when pictures and record do not belong together.
+constexpr double kMisfit = 3;
+constexpr double kMisfitFocal = 0.1;
 
 std::size_t at(int i)
 {
@@ -88,7 +95,6 @@ Aligner::Aligner(const ProjectRecord &record, const PictureTable &pictures, PtoP
     const AlignOptions &options, const Progress &progress)
     : m_record(record)
     , m_table(pictures)
-    , m_options(options)
     , m_progress(progress)
     , m_project(std::move(project))
     , m_isGrid(record.yaws.isEmpty())
@@ -113,9 +119,9 @@ bool Aligner::run()
         if (!m_isGuided)
             settle(m_pairs, &m_cameras);
         placeHeld(m_pairs, &m_cameras);
+        if (m_record.skipOptimization)
+            m_cameras = Cameras(m_project);
     }
-    if (!m_options.keep)
-        m_cache.remove();
     return true;
 }
 
@@ -180,9 +186,8 @@ bool Aligner::search(const PicturePairs::Places &wanted)
     return isDone;
 }
 
-/// Sets the rows and columns of a grid apart as the pairs found say: the stated overlap is but a
-/// guess.
-void Aligner::restepGrid()
+/// What neighbours of a grid share, as the pairs found say.
+Aligner::GridOverlap Aligner::overlapFound() const
 {
     const auto ordered = [](int a, int b) { return qMakePair(std::min(a, b), std::max(a, b)); };
     QHash<QPair<int, int>, int> kinds;
@@ -198,27 +203,34 @@ void Aligner::restepGrid()
         const int a = m_project.pictures.at(pair.first).location;
         const int b = m_project.pictures.at(pair.second).location;
         const int kind = kinds.value(ordered(a, b), ProjectLink::Near);
-        const double step = qRadiansToDegrees(angleOf(pair.turn));
         if (kind == ProjectLink::Vertical)
-            down.push_back(step);
+            down.push_back(angleOf(pair.turn));
         else if (kind == ProjectLink::Horizontal)
-            across.push_back(step);
+            across.push_back(angleOf(pair.turn));
     }
-    const PtoProject::Picture &first = m_project.pictures.first();
-    const bool isTurned = m_table.value(first.path).uprightTurn() % 180 != 0;
-    const auto placesFor = [&](const std::vector<double> &found, bool isColumn) {
-        ProjectRecord record = m_record;
-        const bool isWidth = isColumn != isTurned;
-        const QSize &size = first.lens.size;
-        const double angle
-            = qRadiansToDegrees(first.lens.angleAcross(isWidth ? size.width() : size.height()));
-        if (found.size() >= 3)
-            record.overlap = 100 * (1 - geometry::upperMedian(found) / angle);
-        QString problem;
-        return placementsOf(record, first.lens, isTurned, &problem);
+    const PictureOptics &lens = m_project.pictures.first().lens;
+    const QSize size = isTurned() ? lens.size.transposed() : lens.size;
+    const auto overlap = [&lens](std::vector<double> steps, int side) -> std::optional<double> {
+        if (steps.size() < kFewestSteps)
+            return std::nullopt;
+        return 100 * (1 - geometry::upperMedian(std::move(steps)) / lens.angleAcross(side));
     };
-    const auto rows = placesFor(down, false);
-    const auto columns = placesFor(across, true);
+    return {overlap(std::move(across), size.width()), overlap(std::move(down), size.height())};
+}
+
+/// Sets the rows and columns of a grid apart as the pairs found say: the stated overlap is but a
+/// guess.
+void Aligner::restepGrid()
+{
+    const GridOverlap found = overlapFound();
+    const auto placesFor = [&](const std::optional<double> &overlap) {
+        ProjectRecord record = m_record;
+        record.overlap = overlap.value_or(m_record.overlap);
+        QString problem;
+        return placementsOf(record, m_project.pictures.first().lens, isTurned(), &problem);
+    };
+    const auto rows = placesFor(found.down);
+    const auto columns = placesFor(found.across);
     if (!rows || !columns)
         return;
     for (int i = 0; i < m_cameras.count(); ++i) {
@@ -228,6 +240,11 @@ void Aligner::restepGrid()
         m_cameras.setRecorded(i,
             rotationOf({columns->at(location).yaw, rows->at(location).pitch, picture.place.roll}));
     }
+}
+
+bool Aligner::isTurned() const
+{
+    return m_table.value(m_project.pictures.first().path).uprightTurn() % 180 != 0;
 }
 
 /// Adjusts all places to the matches; the last time after wrong matches are dropped.
@@ -263,7 +280,7 @@ PtoProject Aligner::project() const
                 {pair.first, pair.second, QPointF(match.inFirst.x, match.inFirst.y),
                     QPointF(match.inSecond.x, match.inSecond.y)});
     }
-    if (m_record.skipOptimization || !m_record.autoDetection)
+    if (!isOptimised())
         return project;
     for (int i = 0; i < project.pictures.size(); ++i) {
         PtoProject::Picture &picture = project.pictures[i];
@@ -279,6 +296,8 @@ AlignReport Aligner::report() const
 {
     AlignReport report;
     report.pictures = m_cameras.count();
+    report.isMatched = m_record.autoDetection;
+    report.isOptimised = isOptimised();
     report.seconds = m_seconds;
     report.recordedFocal = m_project.pictures.first().lens.focal;
     report.focal = report.recordedFocal * m_cameras.lens(0).focal / m_cameras.nominalLens(0).focal;
@@ -286,17 +305,25 @@ AlignReport Aligner::report() const
     reportResiduals(&report);
     reportPlaces(&report);
     reportOverlaps(&report);
+    if (m_isGrid) {
+        const GridOverlap found = overlapFound();
+        report.recordedOverlap = m_record.overlap;
+        report.overlapAcross = found.across.value_or(0);
+        report.overlapDown = found.down.value_or(0);
+    }
     return report;
 }
 
 void Aligner::reportResiduals(AlignReport *report) const
 {
     double squares = 0;
+    double workingSquares = 0;
     int points = 0;
     for (const PicturePair &pair : m_pairs) {
         for (const double working : m_pairs.residuals(pair)) {
             const double distance = working * m_cameras.scale(pair.first);
             squares += distance * distance;
+            workingSquares += working * working;
             ++points;
             if (distance > report->residualWorst) {
                 report->residualWorst = distance;
@@ -305,6 +332,9 @@ void Aligner::reportResiduals(AlignReport *report) const
         }
     }
     report->residualRms = points > 0 ? std::sqrt(squares / points) : 0;
+    report->fits = !report->isOptimised
+        || (workingSquares <= points * kMisfit * kMisfit
+            && std::abs(report->focal / report->recordedFocal - 1) <= kMisfitFocal);
 }
 
 /// Which pictures are joined, and how far they are from the head's word.
@@ -323,6 +353,8 @@ void Aligner::reportPlaces(AlignReport *report) const
             fit.add(m_cameras.rotation(i), m_cameras.recorded(i));
     }
     const Rotation whole = fit.turn();
+    const std::vector<int> parts = m_pairs.parts();
+    QSet<int> joinedParts;
     double squares = 0;
     for (int i = 0; i < m_cameras.count(); ++i) {
         if (!isJoined[at(m_cameras.owner(i))]) {
@@ -330,6 +362,7 @@ void Aligner::reportPlaces(AlignReport *report) const
             continue;
         }
         ++report->joined;
+        joinedParts.insert(parts[at(i)]);
         const double off = qRadiansToDegrees(
             angleOf(whole * m_cameras.rotation(i) * m_cameras.recorded(i).transpose()));
         squares += off * off;
@@ -337,6 +370,7 @@ void Aligner::reportPlaces(AlignReport *report) const
         if (off > kStumble)
             report->suspects.append(AlignReport::Suspect{{pathOf(i)}, off});
     }
+    report->parts = joinedParts.size();
     report->headErrorRms = report->joined > 0 ? std::sqrt(squares / report->joined) : 0;
 }
 
@@ -354,6 +388,11 @@ void Aligner::reportOverlaps(AlignReport *report) const
             report->suspects.append(
                 AlignReport::Suspect{{pathOf(pair.first), pathOf(pair.second)}, 0});
     }
+}
+
+bool Aligner::isOptimised() const
+{
+    return m_record.autoDetection && !m_record.skipOptimization;
 }
 
 const QString &Aligner::pathOf(int picture) const

@@ -32,7 +32,16 @@ private:
     bool track(const PicturePairs::Places &wanted, const QString &step, double leastPart);
     bool search(const PicturePairs::Places &wanted);
     bool solve(bool isLast);
+    struct GridOverlap {
+        /// Percent; nothing where too little was found.
+        std::optional<double> across;
+        std::optional<double> down;
+    };
+    GridOverlap overlapFound() const;
     void restepGrid();
+    /// Whether the pictures stand upright by a quarter turn.
+    bool isTurned() const;
+    bool isOptimised() const;
     void reportResiduals(AlignReport *report) const;
     void reportPlaces(AlignReport *report) const;
     void reportOverlaps(AlignReport *report) const;
@@ -42,7 +51,6 @@ private:
 
     const ProjectRecord &m_record;
     const PictureTable &m_table;
-    const AlignOptions &m_options;
     const Progress &m_progress;
     PtoProject m_project;
     bool m_isGrid;

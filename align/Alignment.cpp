@@ -17,3 +17,8 @@ std::optional<Alignment> alignRecord(const ProjectRecord &record, const PictureT
         return std::nullopt;
     return Alignment{aligner.project(), aligner.report()};
 }
+
+void forgetMatches(const QString &cacheFolder)
+{
+    align::MatchCache::remove(cacheFolder);
+}

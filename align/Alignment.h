@@ -10,13 +10,11 @@
 #include <optional>
 
 struct AlignOptions {
-    /// Where matches are kept until the alignment is done, so that a run that was interrupted goes
-    /// on where it was; empty: nowhere. The folder is made, and taken away when it is empty again.
+    /// Where matches are kept, so that another run goes on where this one was interrupted; empty:
+    /// nowhere. The folder is made; forgetMatches() takes it away.
     QString cacheFolder;
     /// Forget the matches of earlier runs.
     bool fresh = false;
-    /// Keep the matches for later runs.
-    bool keep = false;
 };
 
 struct Alignment {
@@ -34,3 +32,7 @@ struct Alignment {
 /// nothing, and an empty \a problem, when \a progress cancels.
 std::optional<Alignment> alignRecord(const ProjectRecord &record, const PictureTable &pictures,
     const AlignOptions &options, const Progress &progress, QString *problem);
+
+/// Takes away what alignments have kept in \a cacheFolder, and the folder if nothing else is in it.
+/// To be called once the outcome is where it will be found again.
+void forgetMatches(const QString &cacheFolder);

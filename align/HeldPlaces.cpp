@@ -3,6 +3,8 @@
 
 #include "align/HeldPlaces.h"
 
+#include "geometry/Median.h"
+
 #include <algorithm>
 #include <optional>
 
@@ -48,18 +50,24 @@ public:
     bool isKnown(int owner) const { return m_turns[place(owner)].has_value(); }
     void setTurn(int owner, const Vector &turn) { m_turns[place(owner)] = turn; }
 
-    /// Radians: the mean turn of those beside \a owner that are known, or of its own stack.
+    /// Radians: the middle turn of those beside \a owner that are known, or of its own stack. Where
+    /// a turn closes on itself, one side may be off by the whole of the head's drift.
     std::optional<Vector> around(int owner, bool isStack) const
     {
-        Vector sum = Vector::Zero();
-        int count = 0;
+        std::vector<double> turns[3];
         for (const Neighbour &neighbour : m_neighbours[place(owner)]) {
-            if (neighbour.isStack == isStack && isKnown(neighbour.owner)) {
-                sum += *m_turns[place(neighbour.owner)];
-                ++count;
-            }
+            if (neighbour.isStack != isStack || !isKnown(neighbour.owner))
+                continue;
+            for (int axis = 0; axis < 3; ++axis)
+                turns[axis].push_back((*m_turns[place(neighbour.owner)])[axis]);
         }
-        return count > 0 ? std::optional<Vector>(sum / count) : std::nullopt;
+        if (turns[0].empty())
+            return std::nullopt;
+        Vector middle;
+        for (int axis = 0; axis < 3; ++axis)
+            middle[axis]
+                = (geometry::lowerMedian(turns[axis]) + geometry::upperMedian(turns[axis])) / 2;
+        return middle;
     }
 
     /// 0 to 1: what part of its neighbours' turn a place has too, by least squares.

@@ -14,14 +14,18 @@ constexpr quint32 kMagic = 0x5A504D32;
 /// Bytes; no value is longer.
 constexpr quint32 kLongest = 1 << 20;
 
+QString fileIn(const QString &folder)
+{
+    return folder + QStringLiteral("/matches");
+}
+
 } // namespace
 
 MatchCache::MatchCache(const QString &folder, bool fresh)
-    : m_folder(folder)
 {
     if (folder.isEmpty() || !QDir().mkpath(folder))
         return;
-    m_file.setFileName(folder + QStringLiteral("/matches"));
+    m_file.setFileName(fileIn(folder));
     if (fresh)
         m_file.remove();
     // What is no regular file is none of ours.
@@ -79,13 +83,10 @@ void MatchCache::insert(const QByteArray &key, const QByteArray &value)
     m_file.flush();
 }
 
-void MatchCache::remove()
+void MatchCache::remove(const QString &folder)
 {
-    if (!m_file.isOpen())
-        return;
-    m_values.clear();
-    m_file.remove();
-    QDir().rmdir(m_folder);
+    if (QFileInfo(fileIn(folder)).isFile() && QFile::remove(fileIn(folder)))
+        QDir().rmdir(folder);
 }
 
 } // namespace align

@@ -24,13 +24,12 @@ public:
     /// \a value must not be empty; it is in the file when this returns.
     void insert(const QByteArray &key, const QByteArray &value);
 
-    /// Takes the file away, and the folder if nothing else is in it.
-    void remove();
+    /// Takes the file out of \a folder, and the folder away if nothing else is in it.
+    static void remove(const QString &folder);
 
 private:
     void read();
 
-    QString m_folder;
     QFile m_file;
     QHash<QByteArray, QByteArray> m_values;
 };

@@ -44,6 +44,7 @@ std::optional<ReadProject> aligned(const ProjectRecord &record, const PictureTab
             {project, projectText(alignment->project, folder.path())}});
         if (!panorama->problem.isEmpty())
             return std::nullopt;
+        forgetMatches(options.cacheFolder);
     }
     panorama->report = QString::fromUtf8(contentOf(report));
     panorama->reportJson = contentOf(reportJson);

@@ -22,7 +22,7 @@ public:
     {
         ProjectCommand::takeOptions(reader);
         m_json = reader.isSet("json");
-        m_options.keep = reader.isSet("keep");
+        m_keep = reader.isSet("keep");
         m_options.fresh = reader.isSet("fresh");
         m_options.cacheFolder = output() + QStringLiteral(".matches");
     }
@@ -32,11 +32,17 @@ public:
         QString problem;
         const auto alignment = align(record, pictures, &problem);
         if (!alignment) {
-            console::complain(problem.isEmpty() ? QStringLiteral("interrupted") : problem);
+            console::complain(problem.isEmpty()
+                    ? QStringLiteral("interrupted; what was found so far is kept in %1, and the "
+                                     "same command goes on from there")
+                          .arg(m_options.cacheFolder)
+                    : problem);
             return ExitCode::Failed;
         }
         if (!write(alignment->project, record))
             return ExitCode::Failed;
+        if (!m_keep)
+            forgetMatches(m_options.cacheFolder);
         console::print(
             m_json ? QString::fromUtf8(alignment->report.toJson()) : alignment->report.toText());
         return ExitCode::Done;
@@ -65,6 +71,7 @@ private:
     }
 
     bool m_json = false;
+    bool m_keep = false;
     AlignOptions m_options;
 };
 

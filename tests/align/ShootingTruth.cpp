@@ -2,14 +2,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "tests/align/ShootingTruth.h"
-
-#include "geometry/Angle.h"
-
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QtMath>
 #include <cmath>
 
 ShootingTruth ShootingTruth::of(const QString &folder)
@@ -45,11 +43,12 @@ AlignError alignError(
     }
     const align::Rotation whole = fit.turn();
     AlignError error;
-    error.whole = align::axisOf(whole) * 180 / geometry::kPi;
+    error.whole = align::axisOf(whole) * 180 / M_PI;
     for (auto each = found.constBegin(); each != found.constEnd(); ++each) {
         const align::Rotation off
             = whole * each.value() * truth.rotations.value(each.key()).transpose();
-        const double degrees = align::angleOf(off) * 180 / geometry::kPi;
+        const double degrees = qRadiansToDegrees(align::angleOf(off));
+        error.all.insert(each.key(), degrees);
         error.rms += degrees * degrees / found.size();
         if (degrees > error.worst) {
             error.worst = degrees;

@@ -29,6 +29,8 @@ struct AlignError {
     double rms = 0;
     double worst = 0;
     QString worstName;
+    /// By file name.
+    QHash<QString, double> all;
 };
 
 /// Of the pictures of \a project, by their file names, but those that are \a leftOut.

@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "align/Alignment.h"
+#include "align/Features.h"
 #include "align/RecordJson.h"
 #include "tests/align/ShootingTruth.h"
 #include "tests/align/TestPicture.h"
+#include "tests/support/Table.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -12,8 +14,10 @@
 #include <QFileInfo>
 #include <QImage>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QtMath>
 
 namespace {
 
@@ -43,6 +47,18 @@ Alignment aligned(const ProjectRecord &record, const AlignOptions &options = {})
     if (!alignment)
         qWarning("%s", qUtf8Printable(problem));
     return alignment.value_or(Alignment());
+}
+
+QImage noise(quint32 seed)
+{
+    QImage image(360, 240, QImage::Format_Grayscale8);
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            seed = seed * 1664525 + 1013904223;
+            image.scanLine(y)[x] = uchar(seed >> 24);
+        }
+    }
+    return image;
 }
 
 QStringList names(const QStringList &paths)
@@ -370,6 +386,39 @@ private slots:
         QVERIFY(align::angleOf(fit.turn()) < 1e-4);
     }
 
+    void guided()
+    {
+        // Of a row that spans less than a turn its own points tell the angle between the ends worse
+        // than the head does.
+        const QString folder = shooting(
+            QStringLiteral("--rows 1 --columns 6 --focal 18 --overlap 45 --size 360x240"));
+        ProjectRecord record = imported(folder, QStringLiteral("papywizard"));
+        for (float &yaw : record.yaws)
+            yaw *= 1.05F;
+        const auto span = [&](bool guided) {
+            record.guidedOptimization = guided;
+            const PtoProject project = aligned(record).project;
+            return project.pictures.last().place.yaw - project.pictures.first().place.yaw;
+        };
+        const double recorded = qRadiansToDegrees(double(record.yaws.last() - record.yaws.first()));
+        const double free = span(false);
+        const double held = span(true);
+        QVERIFY2(qAbs(recorded - held) < qAbs(recorded - free) - 0.02,
+            qPrintable(QStringLiteral("%1 %2 %3").arg(recorded).arg(held).arg(free)));
+    }
+
+    void gridsAreGuided()
+    {
+        const QString folder = shooting(
+            QStringLiteral("--format gigapan --rows 2 --columns 4 --focal 30 --size 360x240 "
+                           "--overlap 45"));
+        ProjectRecord record = imported(folder, QStringLiteral("gigapan --rows 2 --overlap 45"));
+        record.guidedOptimization = true;
+        const QByteArray guided = projectText(aligned(record).project, {});
+        record.guidedOptimization = false;
+        QCOMPARE(projectText(aligned(record).project, {}), guided);
+    }
+
     void wrongMatches()
     {
         // A sign that somebody carried from one picture to the next.
@@ -550,26 +599,33 @@ private slots:
 
     void nothingMatches_data()
     {
-        QTest::addColumn<bool>("guided");
-        QTest::newRow("guided") << true;
-        QTest::newRow("not guided") << false;
+        const Table<QString, bool> row("pictures", "guided");
+        row("noise, guided", "noise", true);
+        row("noise, not guided", "noise", false);
+        // Houses are like houses, a lawn like a lawn: some of it agrees by chance.
+        row("of fifteen places, guided", "elsewhere", true);
+        row("of fifteen places, not guided", "elsewhere", false);
     }
     void nothingMatches()
     {
+        QFETCH(QString, pictures);
         QFETCH(bool, guided);
         const QString folder = copied(stacks());
-        const QStringList pictures
+        const QStringList files
             = QDir(folder).entryList({QStringLiteral("*.jpg")}, QDir::Files, QDir::Name);
-        quint32 random = 1;
-        for (const QString &name : pictures) {
-            QImage noise(360, 240, QImage::Format_Grayscale8);
-            for (int y = 0; y < noise.height(); ++y) {
-                for (int x = 0; x < noise.width(); ++x) {
-                    random = random * 1664525 + 1013904223;
-                    noise.scanLine(y)[x] = uchar(random >> 24);
-                }
+        for (int i = 0; i < files.size(); ++i) {
+            const QString path = folder + QLatin1Char('/') + files.at(i);
+            QVERIFY(QFile::remove(path));
+            if (pictures == QLatin1String("noise")) {
+                QVERIFY(noise(quint32(i)).save(path, "JPG", 95));
+                continue;
             }
-            QVERIFY(noise.save(folder + QLatin1Char('/') + name, "JPG", 95));
+            const QString elsewhere
+                = shooting(QStringLiteral("--rows 1 --columns 1 --focal 16 --size 360x240 "
+                                          "--yaw-range %1,%1 --seed %2")
+                               .arg(37 * i % 360)
+                               .arg(700 + i));
+            QVERIFY(QFile::copy(elsewhere + QStringLiteral("/IMG_0001.jpg"), path));
         }
         ProjectRecord record
             = imported(folder, QStringLiteral("papywizard --focal 16 --lens standard"));
@@ -579,6 +635,164 @@ private slots:
         QCOMPARE(alignment.report.held.size(), alignment.report.pictures);
         QVERIFY(alignment.project.points.isEmpty());
         QCOMPARE(projectText(alignment.project, {}), recordedText(record));
+    }
+
+    void held_data()
+    {
+        // By what part the head counts wrong, and what part of that is left of a picture that
+        // shows nothing.
+        const Table<QString, double, bool, double> row("errors", "drift", "guided", "part");
+        row("each picture its own", " --head-error 0.3", 0, true, 1.05);
+        row("each its own, not guided", " --head-error 0.3", 0, false, 1.05);
+        row("more and more", " --head-error 0.05", 0.03, true, 0.3);
+        row("more and more, not guided", " --head-error 0.05", 0.03, false, 0.3);
+    }
+    void held()
+    {
+        QFETCH(QString, errors);
+        QFETCH(double, drift);
+        QFETCH(bool, guided);
+        QFETCH(double, part);
+        const QString folder = copied(
+            shooting(QStringLiteral("--rows 2 --columns 7 --overlap 45 --focal 18 --size 360x240")
+                + errors));
+        // Two beside each other, and one alone.
+        const QStringList plain{QStringLiteral("IMG_0003.jpg"), QStringLiteral("IMG_0010.jpg"),
+            QStringLiteral("IMG_0013.jpg")};
+        for (const QString &name : plain) {
+            QImage grey(360, 240, QImage::Format_RGB32);
+            grey.fill(Qt::gray);
+            QVERIFY(grey.save(folder + QLatin1Char('/') + name));
+        }
+        ProjectRecord record
+            = imported(folder, QStringLiteral("papywizard --focal 18 --lens standard"));
+        record.guidedOptimization = guided;
+        for (float &yaw : record.yaws)
+            yaw *= float(1 - drift);
+        const Alignment alignment = aligned(record);
+        QCOMPARE(names(alignment.report.held), plain);
+        record.autoDetection = false;
+        const PtoProject recorded = aligned(record).project;
+
+        const ShootingTruth truth = ShootingTruth::of(folder);
+        const AlignError found = alignError(alignment.project, truth);
+        const AlignError before = alignError(recorded, truth);
+        double squares[2] = {};
+        for (const QString &name : plain) {
+            squares[0] += qPow(found.all.value(name), 2);
+            squares[1] += qPow(before.all.value(name), 2);
+        }
+        const double left = qSqrt(squares[0] / squares[1]);
+        QVERIFY2(left <= part, qPrintable(QString::number(left)));
+    }
+
+    void report_data()
+    {
+        const Table<QString, QString, QString, QStringList> row(
+            "shooting", "import", "others", "lines");
+        const QString whole = QLatin1String(kRow) + QLatin1String(kErrors);
+        row("all is well", whole, "papywizard", "",
+            {"10 pictures, 10 joined", "points miss each other by", "focal length", "the head was",
+                "matching"});
+        row("not looked for", whole, "papywizard --no-detect", "",
+            {"10 pictures, 0 joined", "no points were looked for, as asked"});
+        row("not optimised", whole, "papywizard --skip-optimization", "",
+            {"10 pictures, 10 joined", "points miss each other by",
+                "positions are the recorded ones, as asked", "matching"});
+        row("a focal length that is none", whole, "papywizard --focal 13 --lens standard", "",
+            {"10 pictures, 10 joined", "points miss each other by", "focal length 16",
+                "the head was", "pictures and record do not fit", "matching"});
+        row("two pictures of elsewhere", whole, "papywizard --focal 16 --lens standard",
+            "IMG_0003.jpg IMG_0008.jpg",
+            {"10 pictures, 8 joined, 2 held by the head: IMG_0003.jpg, IMG_0008.jpg",
+                "points miss each other by", "focal length", "the head was",
+                "like none of their neighbours, wrong files perhaps: IMG_0003.jpg, IMG_0008.jpg",
+                "matching"});
+        const QString grid = QStringLiteral("--format gigapan --rows 2 --columns 4 --focal 30 "
+                                            "--size 360x240 --overlap 45");
+        row("a grid that overlaps more", grid, "gigapan --rows 2 --overlap 30", "",
+            {"8 pictures, 8 joined", "points miss each other by", "focal length", "the head was",
+                "neighbours share 4? % in a row and 4? % in a column (30 % stated)", "matching"});
+        row("a grid that is not once round", grid, "gigapan --rows 2 --overlap 45 --full-turn", "",
+            {"8 pictures, 8 joined", "in 4 parts that no points join", "points miss each other by",
+                "focal length", "the head was", "neighbours share 4? % in a column", "matching"});
+    }
+    void report()
+    {
+        QFETCH(QString, shooting);
+        QFETCH(QString, import);
+        QFETCH(QString, others);
+        QFETCH(QStringList, lines);
+        const QString folder = copied(this->shooting(shooting));
+        for (const QString &name : words(others)) {
+            const QString elsewhere = this->shooting(
+                QStringLiteral("--rows 1 --columns 1 --focal 16 --size 360x240 --seed 7")
+                + name.mid(7, 1));
+            QVERIFY(QFile::remove(folder + QLatin1Char('/') + name));
+            QVERIFY(QFile::copy(
+                elsewhere + QStringLiteral("/IMG_0001.jpg"), folder + QLatin1Char('/') + name));
+        }
+        const AlignReport report = aligned(imported(folder, import)).report;
+        const QStringList found = report.toText().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        QVERIFY2(found.size() == lines.size(), qPrintable(report.toText()));
+        for (int i = 0; i < lines.size(); ++i) {
+            const QRegularExpression begin(
+                QRegularExpression::wildcardToRegularExpression(lines.at(i) + QLatin1Char('*')));
+            QVERIFY2(begin.match(found.at(i)).hasMatch(), qPrintable(report.toText()));
+        }
+    }
+
+    void wrongSteps()
+    {
+        // The file of another shooting: what the pictures say is not to be argued with.
+        const QString folder = shooting(
+            QStringLiteral("--rows 1 --columns 6 --focal 18 --overlap 45 --size 360x240"));
+        ProjectRecord record = imported(folder, QStringLiteral("papywizard"));
+        for (float &yaw : record.yaws)
+            yaw *= 1.4F;
+        const Alignment alignment = aligned(record);
+        QCOMPARE(alignment.report.joined, 6);
+        QVERIFY(alignment.report.suspects.size() >= 4);
+        QVERIFY(alignment.report.residualRms < 0.5);
+        const double error = alignError(alignment.project, ShootingTruth::of(folder)).rms;
+        QVERIFY2(error < 1, qPrintable(QString::number(error)));
+    }
+
+    void features()
+    {
+        // Blobs anywhere between the pixels are found where they are.
+        align::WorkingPicture picture;
+        picture.grey = cv::Mat(400, 600, CV_8U, cv::Scalar(128));
+        std::vector<align::Point> blobs;
+        for (int row = 0; row < 8; ++row) {
+            for (int column = 0; column < 12; ++column)
+                blobs.emplace_back(40 + 47.3 * column, 35 + 46.7 * row);
+        }
+        for (const align::Point &blob : blobs) {
+            for (int y = int(blob.y) - 14; y < int(blob.y) + 15; ++y) {
+                for (int x = int(blob.x) - 14; x < int(blob.x) + 15; ++x) {
+                    const align::Point off = align::Point(x, y) - blob;
+                    picture.grey.at<uchar>(y, x)
+                        = uchar(std::lround(128 + 100 * std::exp(-off.dot(off) / (2 * 9))));
+                }
+            }
+        }
+        const align::Lens lens = align::Lens::of({{600, 400}, 60, false});
+        const align::Features features = align::findFeatures(picture, lens);
+        align::Point sum;
+        int count = 0;
+        for (const align::Point &point : features.points) {
+            for (const align::Point &blob : blobs) {
+                const align::Point off = point - blob;
+                if (off.dot(off) < 4) {
+                    sum += off;
+                    ++count;
+                }
+            }
+        }
+        QVERIFY(count >= 90);
+        QVERIFY2(std::sqrt(sum.dot(sum)) / count < 0.05,
+            qPrintable(QStringLiteral("%1 %2").arg(sum.x / count).arg(sum.y / count)));
     }
 
     void cancelled()
@@ -614,6 +828,7 @@ private slots:
         AlignOptions options;
         options.cacheFolder = folder + QStringLiteral("/a.pto.matches");
         const QString cache = options.cacheFolder + QStringLiteral("/matches");
+        bool isKept = false;
         // Pairs that had to be matched, and the project.
         const auto run = [&](int cancelAfter, QByteArray *text) {
             int matched = 0;
@@ -623,6 +838,8 @@ private slots:
             };
             QString problem;
             const auto alignment = alignRecord(record, pictures, options, progress, &problem);
+            if (alignment && !isKept)
+                forgetMatches(options.cacheFolder);
             *text = alignment ? projectText(alignment->project, {}) : QByteArray();
             return matched;
         };
@@ -634,7 +851,7 @@ private slots:
         QByteArray text;
         QCOMPARE(run(8, &text), 8);
         QVERIFY(text.isEmpty());
-        options.keep = true;
+        isKept = true;
         QCOMPARE(run(-1, &text), all - 8);
         QCOMPARE(text, whole);
         QCOMPARE(run(-1, &text), 0);
@@ -663,7 +880,7 @@ private slots:
         QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
         file.write(QByteArray(5000, '\x7f'));
         file.close();
-        options.keep = false;
+        isKept = false;
         QCOMPARE(run(-1, &text), all);
         QCOMPARE(text, whole);
         QVERIFY(!QFileInfo::exists(options.cacheFolder));

@@ -138,6 +138,7 @@ bool FinishingPane::alignInto(
             = alignRecord(import.record, import.pictures, options, progress, &outcome.problem);
         if (!alignment)
             return false;
+        forgetMatches(options.cacheFolder);
         outcome.aligned
             = Aligned{std::move(alignment->project), alignment->report.toText().trimmed()};
     }
