@@ -46,13 +46,18 @@ double View::stretch(double ideal) const
     return ((a * r + b) * r + c) * r + 1 - a - b - c;
 }
 
+/// By Newton's method; where the distortion folds the picture over, the last radius before that.
 double View::undistorted(double seen) const
 {
+    const auto &[a, b, c] = m_distortion;
+    const double unit = std::min(m_lens.size.width(), m_lens.size.height()) / 2.0;
     double radius = seen;
-    // Distortion is small: its inverse settles within a few rounds.
-    for (int round = 0; round < 4; ++round) {
-        const double factor = stretch(radius);
-        radius = factor > 0.1 ? seen / factor : seen;
+    for (int round = 0; round < 6; ++round) {
+        const double r = radius / unit;
+        const double slope = ((4 * a * r + 3 * b) * r + 2 * c) * r + 1 - a - b - c;
+        if (slope < 0.1)
+            break;
+        radius -= (radius * stretch(radius) - seen) / slope;
     }
     return radius;
 }
