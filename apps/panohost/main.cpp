@@ -9,6 +9,7 @@
 #include "apps/panohost/window/MainWindow.h"
 
 #include <QFileInfo>
+#include <QLocale>
 #include <algorithm>
 #include <memory>
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
@@ -85,6 +86,8 @@ int main(int argc, char **argv)
     console::muteDecoders();
     if (wantsWindow(argc, argv))
         return showWindow(argc, argv);
+    // Programs read what the command line says.
+    QLocale::setDefault(QLocale::c());
     const std::unique_ptr<QCoreApplication> application = makeApplication(argc, argv);
     return static_cast<int>(runCommandLine(QCoreApplication::arguments().mid(1)));
 }

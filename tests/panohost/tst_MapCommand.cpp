@@ -130,6 +130,27 @@ private slots:
         QVERIFY2(!m_errors.contains(QLatin1String("QStandardPaths")), qPrintable(m_errors));
     }
 
+    void speaksNoOtherLanguage()
+    {
+        // So near each other that the scale has fractions of a degree.
+        ProjectRecord near;
+        near.groups = {{QStringLiteral("a.jpg")}, {QStringLiteral("b.jpg")}};
+        near.yaws = near.pitches = {0, 0.02F};
+        write(QStringLiteral("record.json"), recordToJson(near));
+        const auto drawn = [this](const char *lang, const char *languages) {
+            qputenv("LC_ALL", lang);
+            qputenv("LANGUAGE", languages);
+            const int exit = run({QStringLiteral("record.json"), QStringLiteral("--output"),
+                QStringLiteral("map.svg")});
+            qputenv("LC_ALL", "C.UTF-8");
+            qunsetenv("LANGUAGE");
+            return exit == 0 ? content(QStringLiteral("map.svg")) : QByteArray();
+        };
+        const QByteArray english = drawn("C.UTF-8", "");
+        QVERIFY(!english.isEmpty());
+        QVERIFY(drawn("de_DE.UTF-8", "de:fr") == english);
+    }
+
     void windowWantsDisplay()
     {
         for (const QStringList &arguments :
