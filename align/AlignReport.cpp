@@ -3,14 +3,21 @@
 
 #include "align/AlignReport.h"
 
+#include "align/Progress.h"
+
 #include <QFileInfo>
 #include <QHash>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QLocale>
 #include <algorithm>
 
 namespace {
+
+struct ReportTexts {
+    Q_DECLARE_TR_FUNCTIONS(AlignReport)
+};
 
 /// Names and suspects that people are shown; programs get all.
 constexpr int kShown = 10;
@@ -30,29 +37,30 @@ QStringList namesOf(const QStringList &paths)
 
 QString number(double value, int decimals)
 {
-    return QString::number(value, 'f', decimals);
+    return QLocale().toString(value, 'f', decimals);
 }
 
 QString shown(const QStringList &names)
 {
     QString text = QStringList(names.mid(0, kShown)).join(QLatin1String(", "));
     if (names.size() > kShown)
-        text += QStringLiteral(" and %1 more").arg(names.size() - kShown);
+        text += ReportTexts::tr(" and %Ln more", nullptr, int(names.size()) - kShown);
     return text;
 }
 
 QString percent(double value)
 {
-    return number(value, 0) + QStringLiteral(" %");
+    return ReportTexts::tr("%1 %").arg(number(value, 0));
 }
 
 /// What neighbours share in a row and in a column; 0 is not known.
 QString sharedText(double across, double down)
 {
     if (across > 0 && down > 0)
-        return QStringLiteral("%1 in a row and %2 in a column").arg(percent(across), percent(down));
-    return across > 0 ? QStringLiteral("%1 in a row").arg(percent(across))
-                      : QStringLiteral("%1 in a column").arg(percent(down));
+        return ReportTexts::tr("%1 in a row and %2 in a column")
+            .arg(percent(across), percent(down));
+    return across > 0 ? ReportTexts::tr("%1 in a row").arg(percent(across))
+                      : ReportTexts::tr("%1 in a column").arg(percent(down));
 }
 
 } // namespace
@@ -61,43 +69,42 @@ QString AlignReport::toText() const
 {
     QStringList lines;
     const auto line = [&lines](const QString &text) { lines.append(text); };
-    line(QStringLiteral("%1 %2, %3 joined")
-             .arg(pictures)
-             .arg(pictures == 1 ? QStringLiteral("picture") : QStringLiteral("pictures"))
-             .arg(joined));
+    // The command line, which has no catalogue, has no form of its own for one.
+    const QString all = pictures == 1 ? ReportTexts::tr("1 picture")
+                                      : ReportTexts::tr("%Ln pictures", nullptr, pictures);
+    line(ReportTexts::tr("%1, %Ln joined", nullptr, joined).arg(all));
     if (!isMatched)
-        line(
-            QStringLiteral("no points were looked for, as asked: positions are the recorded ones"));
+        line(ReportTexts::tr(
+            "no points were looked for, as asked: positions are the recorded ones"));
     else if (!held.isEmpty())
-        lines.last() += QStringLiteral(", %1 held by the head: %2")
-                            .arg(held.size())
+        lines.last() += ReportTexts::tr(", %Ln held by the head: %1", nullptr, int(held.size()))
                             .arg(shown(namesOf(held)));
     if (parts > 1)
-        line(QStringLiteral("in %1 parts that no points join: only the head tells how they lie")
-                 .arg(parts));
+        line(ReportTexts::tr(
+            "in %Ln parts that no points join: only the head tells how they lie", nullptr, parts));
     if (joined > 0) {
-        line(QStringLiteral("points miss each other by %1 pixels, at worst %2 (%3, %4)")
+        line(ReportTexts::tr("points miss each other by %1 pixels, at worst %2 (%3, %4)")
                  .arg(number(residualRms, 2), number(residualWorst, 2), nameOf(worstPair.first),
                      nameOf(worstPair.second)));
         if (isOptimised) {
-            line(QStringLiteral("focal length %1 mm (%2 stated), distortion %3")
+            line(ReportTexts::tr("focal length %1 mm (%2 stated), distortion %3")
                      .arg(number(focal, 2), number(recordedFocal, 2), number(distortion, 4)));
-            line(QStringLiteral("the head was %1 degrees off, at worst %2")
+            line(ReportTexts::tr("the head was %1 degrees off, at worst %2")
                      .arg(number(headErrorRms, 2), number(headErrorWorst, 2)));
         } else {
-            line(QStringLiteral("positions are the recorded ones, as asked"));
+            line(ReportTexts::tr("positions are the recorded ones, as asked"));
         }
     }
     if (overlapAcross > 0 || overlapDown > 0)
-        line(QStringLiteral("neighbours share %1 (%2 stated)")
+        line(ReportTexts::tr("neighbours share %1 (%2 stated)")
                  .arg(sharedText(overlapAcross, overlapDown), percent(recordedOverlap)));
     if (!fits)
-        line(QStringLiteral("pictures and record do not fit: a wrong focal length, or the file of "
-                            "another shooting?"));
+        line(ReportTexts::tr("pictures and record do not fit: a wrong focal length, or the file of "
+                             "another shooting?"));
     appendSuspects(&lines);
     QStringList times;
     for (const auto &[step, time] : seconds)
-        times.append(QStringLiteral("%1 %2 s").arg(step, number(time, 2)));
+        times.append(ReportTexts::tr("%1 %2 s").arg(shownStep(step), number(time, 2)));
     if (!times.isEmpty())
         line(times.join(QLatin1String(", ")));
     return lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
@@ -111,7 +118,7 @@ void AlignReport::appendSuspects(QStringList *lines) const
     QHash<QString, int> mismatches;
     for (const Suspect &suspect : suspects) {
         if (suspect.pictures.size() == 1)
-            far.append(QStringLiteral("%1 (%2 degrees)")
+            far.append(ReportTexts::tr("%1 (%2 degrees)")
                            .arg(nameOf(suspect.pictures.first()), number(suspect.degrees, 1)));
         for (int i = 0; i < suspect.pictures.size() && suspect.pictures.size() > 1; ++i)
             ++mismatches[suspect.pictures.at(i)];
@@ -126,15 +133,16 @@ void AlignReport::appendSuspects(QStringList *lines) const
             = [&strangers](const QString &path) { return strangers.contains(path); };
         if (suspect.pictures.size() > 1
             && std::none_of(suspect.pictures.cbegin(), suspect.pictures.cend(), isStranger))
-            unlike.append(namesOf(suspect.pictures).join(QStringLiteral(" and ")));
+            unlike.append(namesOf(suspect.pictures).join(ReportTexts::tr(" and ")));
     }
-    const auto add = [lines](const char *text, const QStringList &names) {
+    const auto add = [lines](const QString &text, const QStringList &names) {
         if (!names.isEmpty())
-            lines->append(QLatin1String(text) + shown(names));
+            lines->append(text.arg(shown(names)));
     };
-    add("further off than a head should be: ", far);
-    add("like none of their neighbours, wrong files perhaps: ", namesOf(strangers));
-    add("should overlap and do not match: ", unlike);
+    add(ReportTexts::tr("further off than a head should be: %1"), far);
+    add(ReportTexts::tr("like none of their neighbours, wrong files perhaps: %1"),
+        namesOf(strangers));
+    add(ReportTexts::tr("should overlap and do not match: %1"), unlike);
 }
 
 QByteArray AlignReport::toJson() const

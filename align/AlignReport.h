@@ -54,7 +54,7 @@ struct AlignReport {
     /// Steps in their order and how many seconds each took.
     QVector<QPair<QString, double>> seconds;
 
-    /// A few lines, in English.
+    /// A few lines for people, in the user's language.
     QString toText() const;
     /// {"pictures": n, "joined": n, "parts": n, "held": ["name"], "residual_px": {"rms": x,
     /// "worst": x, "pair": ["a", "b"]}, "focal": mm, "distortion": b, "head_error_deg": {"rms": x,

@@ -127,7 +127,7 @@ bool Aligner::run()
 
 bool Aligner::matchAll()
 {
-    if (!track(m_pairs.all(), QStringLiteral("matching"), 0))
+    if (!track(m_pairs.all(), QStringLiteral(QT_TRANSLATE_NOOP("Progress", "matching")), 0))
         return false;
 
     // Where most fail, the others may have been found by chance. Of a grid, whose overlap is but
@@ -139,7 +139,7 @@ bool Aligner::matchAll()
     // What the first places do not help to join, either, is searched.
     const int searchRound = isLost ? 0 : 1;
     const double leastPart = isLost ? PairMatcher::kSurePart : 0;
-    const QString step = QStringLiteral("matching again");
+    const QString step = QStringLiteral(QT_TRANSLATE_NOOP("Progress", "matching again"));
     for (int round = 0; round < kRounds; ++round) {
         if (round == searchRound) {
             const PicturePairs::Places sought = isLost ? again : m_pairs.loose(again);
@@ -179,7 +179,7 @@ bool Aligner::search(const PicturePairs::Places &wanted)
 {
     if (wanted.empty())
         return true;
-    const QString step = QStringLiteral("searching");
+    const QString step = QStringLiteral(QT_TRANSLATE_NOOP("Progress", "searching"));
     const bool isDone
         = m_matcher.search(wanted, [&](int done, int total) { return tell(step, done, total); });
     endStep(step);
@@ -250,7 +250,7 @@ bool Aligner::isTurned() const
 /// Adjusts all places to the matches; the last time after wrong matches are dropped.
 bool Aligner::solve(bool isLast)
 {
-    const QString step = QStringLiteral("adjusting");
+    const QString step = QStringLiteral(QT_TRANSLATE_NOOP("Progress", "adjusting"));
     const bool isCleaned = isLast && m_record.cleanLinks;
     for (int round = 0; round < (isCleaned ? 2 : 1); ++round) {
         if (round == 1)

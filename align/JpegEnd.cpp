@@ -14,7 +14,7 @@ constexpr uchar kStartOfScan = 0xDA;
 /// from the end; compressed data never holds them.
 bool endMarkAfter(QFile &file, qint64 from)
 {
-    constexpr qint64 kBlock = 65'536;
+    constexpr qint64 kBlock = 65536;
     for (qint64 end = file.size(); end > from;) {
         const qint64 begin = std::max(from, end - kBlock);
         // One byte more, for a mark that lies across two blocks.

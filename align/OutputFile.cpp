@@ -5,6 +5,7 @@
 
 #include "align/PictureFacts.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
@@ -15,6 +16,10 @@
 #include <vector>
 
 namespace {
+
+struct OutputTexts {
+    Q_DECLARE_TR_FUNCTIONS(OutputFile)
+};
 
 /// Device and number: what two names of one file share.
 std::optional<QPair<quint64, quint64>> fileId(const QString &path)
@@ -51,19 +56,19 @@ QString OutputGuard::objection(const QString &path) const
 {
     const QFileInfo info(path);
     if (info.isDir())
-        return QStringLiteral("is a folder");
+        return OutputTexts::tr("is a folder");
     const auto id = fileId(path);
     if (!id) {
         const QFileInfo folder(info.absolutePath());
         return folder.isDir() ? QString()
-                              : QStringLiteral("there is no folder %1").arg(folder.filePath());
+                              : OutputTexts::tr("there is no folder %1").arg(folder.filePath());
     }
     if (m_inputs.contains(*id))
-        return QStringLiteral("is one of the files that the import reads");
+        return OutputTexts::tr("is one of the files that the import reads");
     if (!info.isFile())
-        return QStringLiteral("is no regular file");
+        return OutputTexts::tr("is no regular file");
     if (m_writes == Writes::Projects && isPrecious(path))
-        return QStringLiteral("is a picture or a head's file, which is never written over");
+        return OutputTexts::tr("is a picture or a head's file, which is never written over");
     return m_force ? QString() : QStringLiteral("exists already; --force writes over it");
 }
 
@@ -79,12 +84,17 @@ bool isSameFile(const QString &a, const QString &b)
         && fileId(infoA.absolutePath()) == fileId(infoB.absolutePath());
 }
 
+QString unwritable(const QString &path, const QString &reason)
+{
+    return reason.isEmpty() ? OutputTexts::tr("%1: cannot be written").arg(path)
+                            : OutputTexts::tr("%1: cannot be written: %2").arg(path, reason);
+}
+
 QString writeWhole(const QVector<OutputFile> &files)
 {
     std::vector<std::unique_ptr<QSaveFile>> open;
-    const auto failure = [](const QSaveFile &file) {
-        return QStringLiteral("%1: cannot be written: %2").arg(file.fileName(), file.errorString());
-    };
+    const auto failure
+        = [](const QSaveFile &file) { return unwritable(file.fileName(), file.errorString()); };
     for (const OutputFile &output : files) {
         open.push_back(std::make_unique<QSaveFile>(output.path));
         QSaveFile &file = *open.back();

@@ -39,6 +39,9 @@ struct OutputFile {
     QByteArray content;
 };
 
+/// That \a path cannot be written, and the \a reason where it is known.
+QString unwritable(const QString &path, const QString &reason = {});
+
 /// Writes \a files, each whole or not at all, and none before all could be written. Empty when
 /// done, else the path and what went wrong.
 QString writeWhole(const QVector<OutputFile> &files);

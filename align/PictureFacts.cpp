@@ -6,6 +6,7 @@
 #include "align/JpegEnd.h"
 
 #include <QBuffer>
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
@@ -19,6 +20,10 @@
 #include <optional>
 
 namespace {
+
+struct FactTexts {
+    Q_DECLARE_TR_FUNCTIONS(PictureFacts)
+};
 
 constexpr int kThumbnailSide = 192;
 /// Larger pictures are not decoded for a thumbnail: no camera makes them, and a few bytes can claim
@@ -213,16 +218,16 @@ QString obstacle(const QString &path)
 {
     const QFileInfo info(path);
     if (!info.exists())
-        return info.isSymLink() ? QStringLiteral("the link leads nowhere")
-                                : QStringLiteral("no such file");
+        return info.isSymLink() ? FactTexts::tr("the link leads nowhere")
+                                : FactTexts::tr("no such file");
     if (info.isDir())
-        return QStringLiteral("is a folder");
+        return FactTexts::tr("is a folder");
     if (!info.isFile())
-        return QStringLiteral("is no regular file");
+        return FactTexts::tr("is no regular file");
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        return QStringLiteral("cannot be opened: %1").arg(file.errorString());
-    return file.size() == 0 ? QStringLiteral("is empty") : QString();
+        return FactTexts::tr("cannot be opened: %1").arg(file.errorString());
+    return file.size() == 0 ? FactTexts::tr("is empty") : QString();
 }
 
 /// Fills \a facts from the tags, as far as exiv2 can make anything of the file.
@@ -273,7 +278,7 @@ PictureFacts readPictureFacts(const QString &path, Thumbnail thumbnail)
         return facts;
 
     if (jpegEnd(path) == JpegEnd::Missing) {
-        facts.reason = QStringLiteral("is cut short, the picture is not whole");
+        facts.reason = FactTexts::tr("is cut short, the picture is not whole");
         return facts;
     }
     readTags(path, thumbnail, facts);
@@ -283,7 +288,7 @@ PictureFacts readPictureFacts(const QString &path, Thumbnail thumbnail)
         facts.size = reader.size();
     }
     if (facts.size.isEmpty()) {
-        facts.reason = QStringLiteral("is not a picture that can be read");
+        facts.reason = FactTexts::tr("is not a picture that can be read");
         return facts;
     }
     if (thumbnail == Thumbnail::Make && facts.thumbnail.isEmpty()) {

@@ -10,7 +10,7 @@
 namespace {
 
 /// Millimetres; a telescope has a tenth of it.
-constexpr double kLongestFocal = 100'000;
+constexpr double kLongestFocal = 100000;
 
 } // namespace
 

@@ -6,10 +6,15 @@
 #include "align/GridShape.h"
 #include "gigapan/GigapanToSPP.h"
 
+#include <QCoreApplication>
 #include <QtMath>
 #include <cmath>
 
 namespace {
+
+struct PlacementTexts {
+    Q_DECLARE_TR_FUNCTIONS(Placement)
+};
 
 double wrapped(double angle)
 {
@@ -23,7 +28,7 @@ std::optional<QVector<Placement>> recordedPlaces(const ProjectRecord &record, QS
     if (angles % groups != 0 || record.pitches.size() != angles
         || (!record.rolls.isEmpty() && record.rolls.size() != angles)) {
         *problem
-            = QStringLiteral("the record has %1 yaws, %2 pitches and %3 rolls for %4 locations")
+            = PlacementTexts::tr("the record has %1 yaws, %2 pitches and %3 rolls for %4 locations")
                   .arg(angles)
                   .arg(record.pitches.size())
                   .arg(record.rolls.size())
@@ -40,7 +45,7 @@ std::optional<QVector<Placement>> recordedPlaces(const ProjectRecord &record, QS
         };
         if (!std::isfinite(place.yaw + place.pitch + place.roll)) {
             *problem
-                = QStringLiteral("the angles of location %1 are no numbers").arg(places.size());
+                = PlacementTexts::tr("the angles of location %1 are no numbers").arg(places.size());
             return std::nullopt;
         }
         places.append(place);
@@ -54,7 +59,7 @@ std::optional<QVector<Placement>> gridPlaces(
 {
     const auto grid = gridShapeOf(record);
     if (!grid) {
-        *problem = QStringLiteral("the record has %1 locations and no grid of %2 rows")
+        *problem = PlacementTexts::tr("the record has %1 locations and no grid of %2 rows")
                        .arg(record.groups.size())
                        .arg(record.layoutRows);
         return std::nullopt;
@@ -84,7 +89,7 @@ std::optional<QVector<Placement>> placementsOf(
     const ProjectRecord &record, const PictureOptics &first, bool turned, QString *problem)
 {
     if (record.groups.isEmpty()) {
-        *problem = QStringLiteral("the record has no locations");
+        *problem = PlacementTexts::tr("the record has no locations");
         return std::nullopt;
     }
     return record.yaws.isEmpty() ? gridPlaces(record, first, turned, problem)

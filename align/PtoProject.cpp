@@ -7,6 +7,7 @@
 
 #include "geometry/Median.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QtMath>
 #include <algorithm>
@@ -14,6 +15,10 @@
 #include <numeric>
 
 namespace {
+
+struct ProjectTexts {
+    Q_DECLARE_TR_FUNCTIONS(PtoProject)
+};
 
 /// \a value with at most \a decimals, no exponent and no trailing zeros.
 QByteArray decimal(double value, int decimals = 4)
@@ -261,15 +266,16 @@ QString obstacle(const ProjectRecord &record, const PictureTable &pictures, cons
 {
     const auto facts = pictures.constFind(path);
     if (!canBeNamed(path))
-        return QStringLiteral("%1: a project cannot name a file with a quotation mark or a control "
-                              "character in its path")
+        return ProjectTexts::tr(
+            "%1: a project cannot name a file with a quotation mark or a control "
+            "character in its path")
             .arg(path);
     if (facts == pictures.constEnd())
-        return QStringLiteral("%1: has not been read").arg(path);
+        return ProjectTexts::tr("%1: has not been read").arg(path);
     if (!facts->readable)
         return QStringLiteral("%1: %2").arg(path, facts->reason);
     if (!opticsOf(record, *facts))
-        return QStringLiteral("%1: no usable focal length is known").arg(path);
+        return ProjectTexts::tr("%1: no usable focal length is known").arg(path);
     return {};
 }
 
@@ -302,7 +308,7 @@ std::optional<PtoProject> projectOf(
         }
     }
     if (!first) {
-        *problem = QStringLiteral("there is no picture");
+        *problem = ProjectTexts::tr("there is no picture");
         return std::nullopt;
     }
     const PictureFacts &facts = *pictures.constFind(*first);

@@ -5,8 +5,10 @@
 
 #include "geometry/Angle.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QHash>
+#include <QLocale>
 #include <QStorageInfo>
 #include <QtMath>
 #include <algorithm>
@@ -14,6 +16,10 @@
 #include <numeric>
 
 namespace {
+
+struct NeedTexts {
+    Q_DECLARE_TR_FUNCTIONS(Need)
+};
 
 constexpr qint64 kMegabyte = 1'000'000;
 /// A program without a picture.
@@ -26,7 +32,7 @@ qint64 areaOf(const QSize &size)
 
 QString inGigabytes(qint64 bytes)
 {
-    return QStringLiteral("%1 GB").arg(bytes / 1e9, 0, 'f', 1);
+    return NeedTexts::tr("%1 GB").arg(QLocale().toString(bytes / 1e9, 'f', 1));
 }
 
 /// Whether \a view reaches across the canvas' edge, opposite to its centre.
@@ -126,14 +132,16 @@ QString excess(const Need &need, qint64 memoryLimit, const QString &folder, qint
 {
     const qint64 memory = memoryLimit > 0 ? memoryLimit : availableMemory();
     if (memory > 0 && need.memory > memory)
-        return QStringLiteral("this needs some %1 of memory, and %2; a smaller --width needs less")
-            .arg(inGigabytes(need.memory),
-                memoryLimit > 0 ? QStringLiteral("--memory allows %1").arg(inGigabytes(memory))
-                                : QStringLiteral("there are %1").arg(inGigabytes(memory)));
+        return (memoryLimit > 0
+                ? QStringLiteral("this needs some %1 of memory, and --memory allows %2; a smaller "
+                                 "--width needs less")
+                : NeedTexts::tr("this needs some %1 of memory, and there are %2; a smaller --width "
+                                "needs less"))
+            .arg(inGigabytes(need.memory), inGigabytes(memory));
     const QStorageInfo storage(folder);
     if (storage.isValid() && need.disk - kept > storage.bytesAvailable())
-        return QStringLiteral("this needs some %1 on the disk of %2, where %3 are free; a smaller "
-                              "--width needs less")
+        return NeedTexts::tr("this needs some %1 on the disk of %2, where %3 are free; a smaller "
+                             "--width needs less")
             .arg(inGigabytes(need.disk - kept), folder, inGigabytes(storage.bytesAvailable()));
     return {};
 }

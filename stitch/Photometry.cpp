@@ -46,7 +46,7 @@ PhotometryCall photometryCall(const PtoProject &project, const QVector<PictureLi
          width /= 2)
         ++halvings;
     const int points
-        = std::min(20'000, kPointsPerPicture * static_cast<int>(project.pictures.size()));
+        = std::min(20000, kPointsPerPicture * static_cast<int>(project.pictures.size()));
     return {photometricScript(project, light, vignettingOnly, 0),
         {QStringLiteral("-v"), QStringLiteral("-p"), QString::number(points), QStringLiteral("-s"),
             QString::number(halvings), QStringLiteral("-o"), result, input}};

@@ -3,6 +3,7 @@
 
 #include "stitch/Radiance.h"
 
+#include "align/OutputFile.h"
 #include "stitch/Tags.h"
 
 #include <OpenEXR/ImfRgbaFile.h>
@@ -105,8 +106,7 @@ QString writeRadiance(
     try {
         copyRadiance(path, result, source, frame);
     } catch (const std::exception &error) {
-        return QStringLiteral("%1: cannot be written: %2")
-            .arg(result, QString::fromLocal8Bit(error.what()));
+        return unwritable(result, QString::fromLocal8Bit(error.what()));
     }
     return {};
 }

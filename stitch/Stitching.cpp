@@ -3,6 +3,7 @@
 
 #include "stitch/Stitching.h"
 
+#include "align/OutputFile.h"
 #include "stitch/Outlines.h"
 #include "stitch/Photometry.h"
 #include "stitch/Radiance.h"
@@ -10,8 +11,10 @@
 #include "stitch/Tags.h"
 #include "stitch/ToolRunner.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
+#include <QLocale>
 #include <QMap>
 #include <QSet>
 #include <QThread>
@@ -24,9 +27,13 @@
 
 namespace {
 
+struct StitchTexts {
+    Q_DECLARE_TR_FUNCTIONS(Stitching)
+};
+
 constexpr int kPreviewWidth = 1500;
 /// What JPEG can hold.
-constexpr int kLongestJpegSide = 65'000;
+constexpr int kLongestJpegSide = 65000;
 const QString kJpegQuality = QStringLiteral("92");
 constexpr double kMegapixel = 1e6;
 /// Megapixels that are remapped while a picture is aligned, or its light compared, or while the
@@ -43,6 +50,13 @@ constexpr double kTiling = 0.7;
 constexpr int kParts = 1000;
 /// Evening out, remapping, merging, blending, web folder.
 constexpr int kSteps = 5;
+constexpr const char *kStepNames[kSteps] = {
+    QT_TRANSLATE_NOOP("Progress", "Evening out brightness"),
+    QT_TRANSLATE_NOOP("Progress", "Remapping"),
+    QT_TRANSLATE_NOOP("Progress", "Merging exposures"),
+    QT_TRANSLATE_NOOP("Progress", "Blending"),
+    QT_TRANSLATE_NOOP("Progress", "Making tiles"),
+};
 
 enum class Format { Jpeg, Tiff, Exr, Unknown };
 
@@ -149,9 +163,13 @@ QString foreignPicture(const PtoProject &project)
     if (first == end)
         return {};
     const auto others = std::count_if(first + 1, end, isForeign);
-    return QStringLiteral("%1: Hugin's tools cannot read such a file; develop or convert it%2 to "
-                          ".tif or .jpg and import that")
-        .arg(first->path, others == 0 ? QString() : QStringLiteral(" and %1 more").arg(others));
+    return (others == 0
+            ? StitchTexts::tr("%1: Hugin's tools cannot read such a file; develop or convert it to "
+                              ".tif or .jpg and import that")
+            : StitchTexts::tr("%1: Hugin's tools cannot read such a file; develop or convert it "
+                              "and %Ln more to .tif or .jpg and import that",
+                nullptr, int(others)))
+        .arg(first->path);
 }
 
 /// Hears from enblend's lines how far it is. It blends groups of pictures that do not overlap, one
@@ -253,10 +271,8 @@ private:
             return true;
         const double before = std::accumulate(m_share.begin(), m_share.begin() + m_step, 0.0);
         m_told = std::max(m_told, before + m_share[m_step] * part);
-        static const std::array<QString, kSteps> names{QStringLiteral("Evening out brightness"),
-            QStringLiteral("Remapping"), QStringLiteral("Merging exposures"),
-            QStringLiteral("Blending"), QStringLiteral("Making tiles")};
-        return m_progress(names.at(std::size_t(m_step)), int(m_told / m_whole * kParts), kParts);
+        return m_progress(
+            QLatin1String(kStepNames[m_step]), int(m_told / m_whole * kParts), kParts);
     }
 
     /// Runs \a calls, whose work is as \a weights (else equal); \a done finishes what a call has
@@ -280,7 +296,7 @@ private:
         };
         listener.done = [&](int call) {
             if (!done(call))
-                return QStringLiteral("%1: cannot be written to").arg(m_folder.path());
+                return StitchTexts::tr("%1: cannot be written to").arg(m_folder.path());
             ended += whole > 0 ? weights.at(call) / whole : 1.0 / calls.size();
             m_part = ended;
             return QString();
@@ -296,8 +312,7 @@ private:
         if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size()
             && file.flush())
             return true;
-        m_result.problem
-            = QStringLiteral("%1: cannot be written: %2").arg(path, file.errorString());
+        m_result.problem = unwritable(path, file.errorString());
         return false;
     }
 
@@ -344,7 +359,7 @@ private:
             ? readProject(file.readAll(), m_folder.path(), &problem)
             : std::nullopt;
         if (!read || read->light.size() != m_light.size()) {
-            m_result.problem = QStringLiteral("%1: cannot be read").arg(finished);
+            m_result.problem = StitchTexts::tr("%1: cannot be read").arg(finished);
             return false;
         }
         for (int i = 0; i < m_light.size(); ++i)
@@ -567,10 +582,10 @@ private:
                                  : WorkFolder::finish(m_blended, whole)) {
             m_result.problem = writeTags(whole, first, m_frame);
         } else {
-            m_result.problem = QStringLiteral("%1: cannot be written").arg(whole);
+            m_result.problem = unwritable(whole);
         }
         if (m_result.problem.isEmpty() && !WorkFolder::finish(whole, m_wishes.output))
-            m_result.problem = QStringLiteral("%1: cannot be written").arg(m_wishes.output);
+            m_result.problem = unwritable(m_wishes.output);
         return m_result.problem.isEmpty();
     }
 
@@ -621,13 +636,13 @@ QString nameMisfit(Rendering rendering, const StitchWishes &wishes)
     if (rendering == Rendering::Radiance)
         return format == Format::Exr
             ? QString()
-            : QStringLiteral("%1: radiance needs the name of an .exr").arg(wishes.output);
+            : StitchTexts::tr("%1: radiance needs the name of an .exr").arg(wishes.output);
     if (format == Format::Jpeg || format == Format::Tiff)
         return {};
     return format == Format::Exr
-        ? QStringLiteral("%1: only radiance is written as .exr; .jpg and .tif are for the rest")
+        ? StitchTexts::tr("%1: only radiance is written as .exr; .jpg and .tif are for the rest")
               .arg(wishes.output)
-        : QStringLiteral("%1: a panorama is a .jpg, a .tif, or for radiance an .exr")
+        : StitchTexts::tr("%1: a panorama is a .jpg, a .tif, or for radiance an .exr")
               .arg(wishes.output);
 }
 
@@ -676,11 +691,10 @@ QString stitchObstacle(const PtoProject &project, const StitchWishes &wishes, qi
     const Format format = formatOf(wishes.output);
     const int longest = std::max(frame->crop.width(), frame->crop.height());
     if (format == Format::Jpeg && longest > kLongestJpegSide)
-        return QStringLiteral("%1: would have %2 pixels a side, and a JPEG has at most %3; a .tif "
-                              "or --width %3 would do")
-            .arg(wishes.output)
-            .arg(longest)
-            .arg(kLongestJpegSide);
+        return StitchTexts::tr("%1: would have %2 pixels a side, and a JPEG has at most %3; a .tif "
+                               "or --width %4 would do")
+            .arg(wishes.output, QLocale().toString(longest), QLocale().toString(kLongestJpegSide),
+                QString::number(kLongestJpegSide));
     const Need need = needOf(project, *frame, layersOf(project, *frame), rendering,
         format == Format::Tiff, jobsOf(wishes));
     return excess(need, wishes.memory, QFileInfo(wishes.output).absolutePath(), kept);

@@ -4,11 +4,16 @@
 #include "stitch/Tags.h"
 
 #include <QColorSpace>
+#include <QCoreApplication>
 #include <QFile>
 #include <algorithm>
 #include <cmath>
 
 namespace {
+
+struct TagTexts {
+    Q_DECLARE_TR_FUNCTIONS(Tags)
+};
 
 /// What of a picture's tags holds for the panorama, too; of GPS all.
 constexpr const char *kKept[] = {
@@ -114,7 +119,7 @@ QString writeTags(const QString &path, const QString &source, const Frame &frame
         addProfile(*target);
         target->writeMetadata();
     } catch (const Exiv2::AnyError &error) {
-        return QStringLiteral("%1: its tags cannot be written: %2")
+        return TagTexts::tr("%1: its tags cannot be written: %2")
             .arg(path, QString::fromLocal8Bit(error.what()));
     }
     return {};

@@ -3,6 +3,9 @@
 
 #include "stitch/ToolRunner.h"
 
+#include "align/OutputFile.h"
+
+#include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QEventLoop>
@@ -22,6 +25,10 @@
 #endif
 
 namespace {
+
+struct ToolTexts {
+    Q_DECLARE_TR_FUNCTIONS(ToolRunner)
+};
 
 /// How long a program may take to end when it is asked to.
 constexpr int kGrace = 2000;
@@ -102,9 +109,7 @@ public:
     ToolOutcome go()
     {
         if (!m_log.open(QIODevice::Append))
-            return {ToolOutcome::End::Failed,
-                QStringLiteral("%1: cannot be written: %2")
-                    .arg(m_log.fileName(), m_log.errorString())};
+            return {ToolOutcome::End::Failed, unwritable(m_log.fileName(), m_log.errorString())};
         QTimer pulse;
         QObject::connect(&pulse, &QTimer::timeout, &m_loop, [this] { feelPulse(); });
         pulse.start(m_settings.pulse);
@@ -157,7 +162,7 @@ private:
         QObject::connect(&job.process, &QProcess::errorOccurred, &m_loop,
             [this, &job](QProcess::ProcessError error) {
                 if (error == QProcess::FailedToStart)
-                    fail(job, QStringLiteral("could not be started"));
+                    fail(job, ToolTexts::tr("%1 could not be started"));
             });
         m_log.write("$ " + tool.program.toUtf8() + ' '
             + tool.arguments.join(QLatin1Char(' ')).toUtf8() + '\n');
@@ -203,12 +208,14 @@ private:
         const QProcess &process = job.process;
         const QString &result = m_calls.at(job.call).result;
         if (process.exitStatus() == QProcess::CrashExit)
-            return fail(job, QStringLiteral("was ended by signal %1").arg(process.exitCode()));
+            return fail(job, ToolTexts::tr("%1 was ended by signal %2"),
+                QString::number(process.exitCode()));
         if (process.exitCode() != 0)
-            return fail(job, QStringLiteral("failed with exit code %1").arg(process.exitCode()));
+            return fail(job, ToolTexts::tr("%1 failed with exit code %2"),
+                QString::number(process.exitCode()));
         if (!result.isEmpty() && (!QFileInfo(result).isFile() || QFileInfo(result).size() == 0))
             return fail(
-                job, QStringLiteral("ended with exit code 0, but did not write %1").arg(result));
+                job, ToolTexts::tr("%1 ended with exit code 0, but did not write %2"), result);
         const QString problem = m_listener.done ? m_listener.done(job.call) : QString();
         if (!problem.isEmpty())
             setOutcome({ToolOutcome::End::Failed, problem});
@@ -217,16 +224,17 @@ private:
         QTimer::singleShot(0, &m_loop, [this] { advance(); });
     }
 
-    void fail(Job &job, const QString &what)
+    /// \a what happened to the program, %1, and with what, %2.
+    void fail(Job &job, const QString &what, const QString &detail = {})
     {
-        QString problem
-            = QStringLiteral("%1 %2").arg(QFileInfo(m_calls.at(job.call).program).fileName(), what);
+        const QString program = QFileInfo(m_calls.at(job.call).program).fileName();
+        QString problem = detail.isNull() ? what.arg(program) : what.arg(program, detail);
         if (!job.lastLine.isEmpty())
             problem += QStringLiteral(": \"%1\"")
                            .arg(QString::fromUtf8(job.lastLine).left(kToldCharacters));
-        problem
-            += QStringLiteral("; its log is %1").arg(QDir::toNativeSeparators(m_log.fileName()));
-        setOutcome({ToolOutcome::End::Failed, problem});
+        setOutcome({ToolOutcome::End::Failed,
+            ToolTexts::tr("%1; its log is %2")
+                .arg(problem, QDir::toNativeSeparators(m_log.fileName()))});
         m_loop.quit();
     }
 
@@ -244,7 +252,7 @@ private:
                 continue;
             const quint64 computed = computedBy(job->group);
             if (computed == job->computed)
-                return fail(*job, QStringLiteral("hangs"));
+                return fail(*job, ToolTexts::tr("%1 hangs"));
             job->computed = computed;
             job->sinceSignOfLife.start();
         }
@@ -301,9 +309,8 @@ QString missingTools(const QStringList &programs)
     packages.removeDuplicates();
     if (missing.isEmpty())
         return {};
-    return QStringLiteral("%1 %2 missing; Debian has %3 in: apt-get install %4")
-        .arg(missing.join(QStringLiteral(" and ")),
-            missing.size() == 1 ? QStringLiteral("is") : QStringLiteral("are"),
-            missing.size() == 1 ? QStringLiteral("it") : QStringLiteral("them"),
-            packages.join(QLatin1Char(' ')));
+    return (missing.size() == 1
+            ? ToolTexts::tr("%1 is missing; Debian has it in: apt-get install %2")
+            : ToolTexts::tr("%1 are missing; Debian has them in: apt-get install %2"))
+        .arg(missing.join(ToolTexts::tr(" and ")), packages.join(QLatin1Char(' ')));
 }

@@ -43,7 +43,7 @@ public:
         /// How many run at a time; each is told to use its share of the cores.
         int jobs = 1;
         /// A program that for so many milliseconds neither says a word nor computes hangs.
-        int patience = 120'000;
+        int patience = 120000;
         /// How often keepOn is asked, in milliseconds.
         int pulse = 100;
     };

@@ -3,6 +3,7 @@
 
 #include "stitch/WorkFolder.h"
 
+#include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDateTime>
 #include <QDir>
@@ -10,6 +11,10 @@
 #include <cstdio>
 
 namespace {
+
+struct FolderTexts {
+    Q_DECLARE_TR_FUNCTIONS(WorkFolder)
+};
 
 /// Only files with this in front of their name are ours to take away.
 const QString kFinished = QStringLiteral("done-");
@@ -37,9 +42,9 @@ qint64 WorkFolder::size() const
 QString WorkFolder::open()
 {
     if (QFileInfo::exists(m_path) && !QFileInfo(m_path).isDir())
-        return QStringLiteral("%1: is needed as a folder for the work, but is a file").arg(m_path);
+        return FolderTexts::tr("%1: is needed as a folder for the work, but is a file").arg(m_path);
     if (!QDir().mkpath(m_path))
-        return QStringLiteral("%1: the folder for the work cannot be made").arg(m_path);
+        return FolderTexts::tr("%1: the folder for the work cannot be made").arg(m_path);
     m_lock = std::make_unique<QLockFile>(file(kLock));
     m_lock->setStaleLockTime(0);
     // What a run has started that was killed may take a moment to end, and holds the lock till
@@ -47,8 +52,8 @@ QString WorkFolder::open()
     if (!m_lock->tryLock(kPatience)) {
         const bool isOther = m_lock->error() == QLockFile::LockFailedError;
         m_lock.reset();
-        return isOther ? QStringLiteral("%1: another run is at work there").arg(m_path)
-                       : QStringLiteral("%1: cannot be written to").arg(m_path);
+        return isOther ? FolderTexts::tr("%1: another run is at work there").arg(m_path)
+                       : FolderTexts::tr("%1: cannot be written to").arg(m_path);
     }
     sweep();
     return {};

@@ -7,6 +7,7 @@
 #include "tests/support/Table.h"
 
 #include <QImage>
+#include <QLocale>
 #include <QTemporaryDir>
 #include <cmath>
 
@@ -47,6 +48,8 @@ class tst_Frame : public QObject {
     Q_OBJECT
 
 private slots:
+    void initTestCase() { QLocale::setDefault(QLocale::c()); }
+
     // Every point of an outline is one at which a picture ends, and no picture is left out.
     void outlinesLieOnBorders()
     {
