@@ -21,7 +21,7 @@ bin=$PWD/build/release/bin
 work=$(mktemp --directory --tmpdir panorama.XXXX)
 trap 'rm -rf "$work"' EXIT
 # Neither the settings nor the language of whoever calls this may show.
-export QT_QPA_PLATFORM=offscreen XDG_CONFIG_HOME=$work/config XDG_RUNTIME_DIR=$work LC_ALL=C.UTF-8
+export QT_QPA_PLATFORM=offscreen XDG_CONFIG_HOME=$work/config XDG_RUNTIME_DIR=$work LC_ALL=C.UTF-8 LANGUAGE=
 mkdir -p "$folder"
 
 grid=(--rows 3 --columns 12 --full-turn --pitch-range "-54,54" --focal 24 --portrait tag)

@@ -6,9 +6,9 @@
 
 declare -A package_groups=(
     [build]="cmake ninja-build g++ qtbase5-dev qttools5-dev qttools5-dev-tools libexiv2-dev libopencv-dev libceres-dev libturbojpeg0-dev libopenexr-dev libqt5svg5-dev librsvg2-bin"
-    [test]="hugin-tools enblend enfuse chromium chromium-driver fonts-dejavu-core"
+    [test]="hugin-tools enblend enfuse chromium chromium-driver fonts-dejavu-core qttranslations5-l10n"
     [demo]="hugin-tools enblend enfuse fonts-dejavu-core"
-    [qt6]="qt6-base-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools qt6-svg-dev"
+    [qt6]="qt6-base-dev qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools qt6-svg-dev qt6-translations-l10n"
     [tsan]="clang libclang-rt-dev"
     [tidy]="clang clang-tidy clang-format"
 )

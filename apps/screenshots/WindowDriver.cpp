@@ -103,7 +103,7 @@ int WindowDriver::withDialogs(const std::function<void()> &action,
 bool WindowDriver::import()
 {
     bool isAsPlanned = false;
-    withDialogs([this] { click(QStringLiteral("Import")); },
+    withDialogs([this] { click(QStringLiteral("import")); },
         [&isAsPlanned](QWidget *dialog, int number) {
             auto *files = qobject_cast<QFileDialog *>(dialog);
             isAsPlanned = files && number == 0;

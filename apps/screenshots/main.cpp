@@ -105,7 +105,7 @@ private:
     void imports()
     {
         int number = WindowDriver::withDialogs(
-            [this] { demand(m_driver.click(QStringLiteral("Import")), "no import"); },
+            [this] { demand(m_driver.click(QStringLiteral("import")), "no import"); },
             [this](QWidget *dialog, int) {
                 shoot(QStringLiteral("save"), dialog);
                 if (auto *files = qobject_cast<QFileDialog *>(dialog))
@@ -181,7 +181,7 @@ private:
     void leave()
     {
         WindowDriver::withDialogs(
-            [this] { demand(m_driver.click(QStringLiteral("Back to the heads")), "no way back"); },
+            [this] { demand(m_driver.click(QStringLiteral("back")), "no way back"); },
             [](QWidget *dialog, int) {
                 auto *box = qobject_cast<QMessageBox *>(dialog);
                 demand(box, "a strange dialog");
@@ -243,7 +243,8 @@ int main(int argc, char **argv)
     // The pictures must not depend on what the user of this machine has set, nor change it.
     const QTemporaryDir settings;
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
-    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+    if (QLocale::system().language() == QLocale::C)
+        QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
 
     DrivenHost host(argc, argv);
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));

@@ -257,7 +257,7 @@ ProjectRecord tst_MainWindow::commandLine(const QString &head, const QStringList
 
 int tst_MainWindow::pressImport(const std::function<void(QWidget *dialog, int number)> &answer)
 {
-    return WindowDriver::withDialogs([this] { QVERIFY(click("Import")); }, answer);
+    return WindowDriver::withDialogs([this] { QVERIFY(click("import")); }, answer);
 }
 
 void tst_MainWindow::choose(QWidget *dialog, const QString &place)
@@ -368,8 +368,9 @@ void tst_MainWindow::offersHeadsForFiles_data()
           };
     row("shooting file", "shooting.xml", "“shooting.xml” tells of 6 shots. Which", xml);
     row("capital suffix", "SHOOTING.XML", "“SHOOTING.XML” tells of 6 shots. Which", xml);
-    row("with pictures", "001.jpg shooting.xml 002.jpg", "and 2 pictures come with it", xml);
-    row("folder", "folder", "“inside.xml” tells of 3 shots, and 1 pictures", xml);
+    row("with pictures", "001.jpg shooting.xml 002.jpg", "6 shots. 2 pictures come with it. Which",
+        xml);
+    row("folder", "folder", "“inside.xml” tells of 3 shots. 1 picture comes", xml);
     row("pictures", "001.jpg 002.jpg", "Pictures without the file of a head: 2", all);
     row("preset list", "presets.xml", "“presets.xml” is a list of presets and holds no shots", all);
     row("preset list and pictures", "presets.xml 001.jpg", "Pictures without the file of a head: 1",
@@ -449,7 +450,7 @@ void tst_MainWindow::opensTheOnlyHead()
     QVERIFY(m_driver->waitForPictures());
     // What leads on is in sight on the smallest screen, and the link above the page not in focus.
     m_window->resize(640, 480);
-    QTRY_VERIFY(!button("Import")->visibleRegion().isEmpty());
+    QTRY_VERIFY(!button("import")->visibleRegion().isEmpty());
     QVERIFY(!qobject_cast<QLabel *>(m_window->focusWidget()));
 }
 
@@ -472,7 +473,7 @@ void tst_MainWindow::namesUnreadablePictures()
         QVERIFY(list->item(i)->text().size() > names[i].size());
     }
     QTRY_VERIFY2(says("cannot be read: 3"), qPrintable(advice()));
-    QVERIFY(!button("Import")->isEnabled());
+    QVERIFY(!button("import")->isEnabled());
 
     writeFile(paths[2], whole);
     QVERIFY(click("retry"));

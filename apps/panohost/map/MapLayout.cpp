@@ -7,6 +7,7 @@
 #include "gigapan/GigapanToSPP.h"
 
 #include <QCoreApplication>
+#include <QLocale>
 #include <QMap>
 #include <QtMath>
 #include <algorithm>
@@ -22,10 +23,9 @@ constexpr double kGridStep = 10;
 /// The shape of pictures that are not at hand.
 constexpr QSize kUsualSize(6000, 4000);
 
-QString sentence(const char *text, int count = -1)
-{
-    return QCoreApplication::translate("MapLayout", text, nullptr, count);
-}
+struct LayoutTexts {
+    Q_DECLARE_TR_FUNCTIONS(MapLayout)
+};
 
 bool standsByQuarterTurn(const std::optional<PictureFacts> &first)
 {
@@ -66,8 +66,8 @@ void placeByGrid(const ProjectRecord &record, MapLayout &layout)
     grid.mode = record.layoutMode;
     grid.rows = record.layoutRows;
     if (grid.rows < 1 || grid.rows > groups) {
-        layout.problem = sentence(QT_TRANSLATE_NOOP("MapLayout",
-            "The record has neither directions nor a grid to place its locations by."));
+        layout.problem = LayoutTexts::tr(
+            "The record has neither directions nor a grid to place its locations by.");
         return;
     }
     grid.columns = (groups + grid.rows - 1) / grid.rows;
@@ -207,7 +207,7 @@ MapLayout mapLayout(const ProjectRecord &record, const std::optional<PictureFact
     for (const QStringList &stack : record.groups)
         layout.places.append({{kNowhere, kNowhere}, 0, static_cast<int>(stack.size())});
     if (record.groups.isEmpty()) {
-        layout.problem = sentence(QT_TRANSLATE_NOOP("MapLayout", "There are no locations."));
+        layout.problem = LayoutTexts::tr("There are no locations.");
     } else if (record.yaws.isEmpty()) {
         placeByGrid(record, layout);
     } else {
@@ -218,9 +218,8 @@ MapLayout mapLayout(const ProjectRecord &record, const std::optional<PictureFact
         const auto lost = std::count_if(layout.places.cbegin(), layout.places.cend(),
             [](const MapPlace &place) { return !place.isKnown(); });
         if (lost > 0)
-            layout.problem = sentence(
-                QT_TRANSLATE_NOOP("MapLayout", "Locations without a valid direction: %n."),
-                int(lost));
+            layout.problem = LayoutTexts::tr("Locations without a valid direction: %1.")
+                                 .arg(QLocale().toString(qint64(lost)));
     }
     layout.extent = extentOf(layout.places, layout.spacing);
     layout.links = linksOf(record, layout.places);

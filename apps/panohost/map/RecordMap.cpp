@@ -400,7 +400,7 @@ QString RecordMap::describe(int location) const
     for (const QString &path : stack.mid(0, kMostNamesShown))
         lines += QFileInfo(path).fileName();
     if (stack.size() > kMostNamesShown)
-        lines += tr("and %n more", nullptr, stack.size() - kMostNamesShown);
+        lines += tr("and %Ln more", nullptr, int(stack.size()) - kMostNamesShown);
     return lines.join(QLatin1Char('\n'));
 }
 

@@ -5,6 +5,7 @@
 
 #include "align/Alignment.h"
 #include "align/OutputFile.h"
+#include "align/Progress.h"
 #include "stitch/Outlines.h"
 #include "stitch/Panorama.h"
 #include "stitch/Script.h"
@@ -210,9 +211,10 @@ bool FinishingPane::stitchInto(Outcome &outcome, const WrittenImport &import,
     outcome.shown = {QFileInfo(wishes.output).fileName(), shownPicture(wishes.output),
         outlinesOf(project, frame), panorama.stitched.seams};
     if (!wishes.preview)
-        outcome.report += QStringLiteral("\n%1: %2 × %3 pixels")
-                              .arg(outcome.shown.name, QLocale().toString(frame.crop.width()),
-                                  QLocale().toString(frame.crop.height()));
+        outcome.report += QLatin1Char('\n')
+            + tr("%1: %2 × %3 pixels")
+                  .arg(outcome.shown.name, QLocale().toString(frame.crop.width()),
+                      QLocale().toString(frame.crop.height()));
     return true;
 }
 
@@ -236,7 +238,7 @@ void FinishingPane::showProgress(const QString &step, int done, int total)
     m_pace.update(m_clock.elapsed(), done);
     m_progress->setRange(0, total);
     m_progress->setValue(done);
-    QString name = step;
+    QString name = shownStep(step);
     if (!name.isEmpty())
         name[0] = name[0].toUpper();
     m_progress->setFormat(total > 0 ? tr("%1: %2 %").arg(name).arg(100 * done / total) : name);

@@ -9,6 +9,7 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
+#include <QLocale>
 
 namespace {
 
@@ -32,6 +33,7 @@ public:
 private:
     void take(const Finding &finding)
     {
+        const QString line = QLocale().toString(finding.line);
         switch (finding.cause) {
         case Finding::Cause::CannotOpen:
             m_file.problem
@@ -39,14 +41,14 @@ private:
             break;
         case Finding::Cause::Malformed:
             m_file.problem = HeadFileTexts::tr("“%1” is damaged or no shooting file. Line %2: %3")
-                                 .arg(m_file.name(), QString::number(finding.line), finding.value);
+                                 .arg(m_file.name(), line, finding.value);
             break;
         case Finding::Cause::NotANumber:
             // The XML formats go on with 0; a script is refused.
             if (m_file.format == HeadFileFormat::Script && m_file.problem.isEmpty())
                 m_file.problem
                     = HeadFileTexts::tr("“%1” has an angle that is no number. Line %2: %3")
-                          .arg(m_file.name(), QString::number(finding.line), finding.value);
+                          .arg(m_file.name(), line, finding.value);
             break;
         case Finding::Cause::CutAngle:
             if (m_file.cutAngles++ == 0) {

@@ -5,6 +5,7 @@
 
 #include "apps/panohost/Module.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QLibraryInfo>
 #include <QSettings>
@@ -17,6 +18,25 @@ const QLatin1String kImagesDirectory("ImagesDirectory");
 QString settingKey(const QString &identifier, const QString &key)
 {
     return identifier + QLatin1Char('/') + key;
+}
+
+/// Where this program holds its texts in the language of \a locale.
+QString ownTexts(const QLocale &locale)
+{
+    const QString language = locale.name().section(QLatin1Char('_'), 0, 0);
+    return QStringLiteral(":/panohost/panohost_%1.qm").arg(language);
+}
+
+/// The first of the user's languages that there are texts in; English where there is none.
+QLocale spokenLocale()
+{
+    const QStringList wishes = QLocale::system().uiLanguages();
+    for (const QString &wish : wishes) {
+        const QLocale locale(wish);
+        if (QFile::exists(ownTexts(locale)))
+            return locale;
+    }
+    return {QLocale::English, QLocale::UnitedStates};
 }
 
 } // namespace
@@ -50,11 +70,15 @@ private:
 
 HostApplication::HostApplication(int &argc, char **argv)
     : QApplication(argc, argv)
+    , m_locale(spokenLocale())
 {
-    auto translator = std::make_unique<QTranslator>();
-    if (translator->load(GetLocale(), QStringLiteral("qtbase"), QStringLiteral("_"),
+    auto ofQt = std::make_unique<QTranslator>();
+    if (ofQt->load(m_locale, QStringLiteral("qtbase"), QStringLiteral("_"),
             QLibraryInfo::location(QLibraryInfo::TranslationsPath)))
-        install(std::move(translator));
+        install(std::move(ofQt));
+    auto own = std::make_unique<QTranslator>();
+    if (own->load(ownTexts(m_locale)))
+        install(std::move(own));
 }
 
 HostApplication::~HostApplication() = default;
@@ -103,7 +127,7 @@ void HostApplication::SetSetting(
 
 QLocale HostApplication::GetLocale()
 {
-    return {};
+    return m_locale;
 }
 
 void HostApplication::LoadTranslation(const QString &fileName)

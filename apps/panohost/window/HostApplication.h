@@ -10,13 +10,15 @@
 
 #include <QApplication>
 #include <QDateTime>
+#include <QLocale>
 #include <QMutex>
 #include <QPixmap>
 #include <QTranslator>
 #include <memory>
 #include <vector>
 
-/// The application object of panohost's window, a host to the plug-ins.
+/// The application object of panohost's window, a host to the plug-ins. It speaks the first of the
+/// user's languages that it has texts in.
 ///
 /// Delete the plug-ins before it: they save their pages' state through it.
 class HostApplication : public QApplication, public ZIApplication {
@@ -66,6 +68,8 @@ private:
 
     void install(std::unique_ptr<QTranslator> translator);
 
+    /// Of the texts; numbers are shown as the system's locale has them.
+    QLocale m_locale;
     std::vector<std::unique_ptr<QTranslator>> m_translators;
     /// The one thumbnail that exists as a pixmap.
     QPixmap m_thumbnail;

@@ -7,7 +7,6 @@
 #include <QLocale>
 #include <QVector>
 #include <algorithm>
-#include <cstdlib>
 
 namespace {
 
@@ -28,14 +27,17 @@ QString countProblem(const ImportState &state)
 {
     const int shots = state.file.shots;
     const int pictures = state.pictures;
-    const QString text = pictures < shots
-        ? AdviceTexts::tr("The head took %1 pictures, but %2 are chosen. Missing: %3.")
-        : AdviceTexts::tr("The head took %1 pictures, but %2 are chosen. Too many: %3.");
-    QString problem = text.arg(number(shots), number(pictures), number(std::abs(shots - pictures)));
-    if (pictures < shots && !state.skipped.isEmpty())
-        problem += QLatin1Char(' ')
+    // Of the two numbers only the smaller may be one.
+    if (pictures > shots)
+        return AdviceTexts::tr(
+            "The head took %Ln pictures, but %1 are chosen. Too many: %2.", nullptr, shots)
+            .arg(number(pictures), number(pictures - shots));
+    const QString problem = AdviceTexts::tr(
+        "The head took %1 pictures, but %Ln are chosen. Missing: %2.", nullptr, pictures)
+                                .arg(number(shots), number(shots - pictures));
+    return state.skipped.isEmpty() ? problem
+                                   : problem + QLatin1Char(' ')
             + AdviceTexts::tr("The numbers skip %1.").arg(state.skipped.join(QStringLiteral(", ")));
-    return problem;
 }
 
 /// A name around its last number.
@@ -85,8 +87,8 @@ ImportAdvice adviceFor(const ImportState &state)
     if (state.pictures == 0)
         return {Kind::NextStep,
             state.wantsFile ? AdviceTexts::tr(
-                "The head took %1 pictures. Drop them here, or choose them below.")
-                                  .arg(number(file.shots))
+                "The head took %Ln pictures. Drop them here, or choose them below.", nullptr,
+                file.shots)
                             : AdviceTexts::tr("Drop the pictures here, or choose them below.")};
     if (state.isWholeWithoutUnreadable())
         return {Kind::Problem,
@@ -108,8 +110,8 @@ ImportAdvice adviceFor(const ImportState &state)
     if (!state.isComplete)
         return {Kind::NextStep, AdviceTexts::tr("Check the settings below.")};
     return {Kind::Ready,
-        AdviceTexts::tr("All %1 pictures are read. Check the settings below, then import.")
-            .arg(number(state.pictures))};
+        AdviceTexts::tr("All %Ln pictures are read. Check the settings below, then import.",
+            nullptr, state.pictures)};
 }
 
 QStringList skippedNames(const QStringList &pictures, int most)
@@ -167,11 +169,11 @@ QString timeLeftText(qint64 milliseconds)
     if (seconds < 5)
         return AdviceTexts::tr("a few seconds left");
     if (seconds < 55)
-        return AdviceTexts::tr("about %1 seconds left").arg((seconds + 2) / 5 * 5);
+        return AdviceTexts::tr("about %n seconds left", nullptr, int((seconds + 2) / 5 * 5));
     const int minutes = int((seconds + 30) / 60);
     if (minutes <= 1)
         return AdviceTexts::tr("about a minute left");
     if (minutes < 60)
-        return AdviceTexts::tr("about %1 minutes left").arg(minutes);
+        return AdviceTexts::tr("about %n minutes left", nullptr, minutes);
     return AdviceTexts::tr("about %1 hours left").arg(QLocale().toString(minutes / 60.0, 'f', 1));
 }

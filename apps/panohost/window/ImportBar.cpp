@@ -96,8 +96,7 @@ void ImportBar::show(
         m_progress->setMaximum(state.pictures);
         m_progress->setValue(done);
         m_progress->setFormat(
-            tr("%1 of %2 pictures")
-                .arg(QLocale().toString(done), QLocale().toString(state.pictures)));
+            tr("%1 of %Ln pictures", nullptr, state.pictures).arg(QLocale().toString(done)));
         m_timeLeft->setText(timeLeftText(timeLeft));
     }
     m_retry->setVisible(!isReading && !unreadable.isEmpty());
@@ -112,7 +111,7 @@ void ImportBar::showList(const QMap<QString, QString> &unreadable)
     for (auto entry = unreadable.cbegin(); entry != unreadable.cend(); ++entry) {
         if (m_unreadable->count() == kMostListed) {
             m_unreadable->addItem(
-                tr("… and %1 more").arg(QLocale().toString(unreadable.size() - kMostListed)));
+                tr("… and %Ln more", nullptr, int(unreadable.size()) - kMostListed));
             break;
         }
         auto *item = new QListWidgetItem(

@@ -150,9 +150,11 @@ void ImportView::giveBack()
 
 void ImportView::addButtons(QHBoxLayout &layout)
 {
+    m_finishButton->setObjectName(QStringLiteral("import"));
     m_finishButton->setDefault(true);
     m_finishButton->setEnabled(m_page->isComplete());
     auto *back = new QPushButton(tr("&Back to the heads"));
+    back->setObjectName(QStringLiteral("back"));
     connect(m_finishButton, &QPushButton::clicked, this,
         [this] { m_wizard->button(QWizard::FinishButton)->click(); });
     connect(back, &QPushButton::clicked, m_wizard, &QWizard::reject);

@@ -126,15 +126,13 @@ void MainWindow::offer(const QStringList &paths)
     if (shooting && suitable.size() == 1)
         return openImport(suitable.first());
 
-    const QLocale locale;
-    const QString pictures = locale.toString(files.pictures.size());
     QString sentence;
     if (shooting) {
-        sentence = files.pictures.isEmpty()
-            ? tr("“%1” tells of %2 shots. Which head wrote it?")
-                  .arg(shooting->name(), locale.toString(shooting->shots))
-            : tr("“%1” tells of %2 shots, and %3 pictures come with it. Which head wrote it?")
-                  .arg(shooting->name(), locale.toString(shooting->shots), pictures);
+        QStringList sentences{
+            tr("“%1” tells of %Ln shots.", nullptr, shooting->shots).arg(shooting->name())};
+        if (!files.pictures.isEmpty())
+            sentences += tr("%Ln pictures come with it.", nullptr, int(files.pictures.size()));
+        sentence = (sentences << tr("Which head wrote it?")).join(QLatin1Char(' '));
     } else {
         if (!files.heads.isEmpty())
             sentence = files.heads.last().problem + QLatin1Char('\n');
@@ -144,7 +142,7 @@ void MainWindow::offer(const QStringList &paths)
             sentence
                 += tr("Pictures without the file of a head: %1. A Gigapan grid needs none; for "
                       "another head choose it here and add its file then.")
-                       .arg(pictures);
+                       .arg(QLocale().toString(files.pictures.size()));
             std::stable_sort(suitable.begin(), suitable.end(), [&imports](int a, int b) {
                 return imports[a].format() == HeadFileFormat::None
                     && imports[b].format() != HeadFileFormat::None;

@@ -212,9 +212,10 @@ void addMeanDoubt(QStringList &doubts, const ProjectRecord &record, const Pictur
         lenses.cbegin(), lenses.cend(), [](const PictureLens &lens) { return !(lens.focal > 0); });
     const double mean = lensOfPictures(lenses).focal;
     if (silent > 0 && mean > 0 && isNear(double(record.focal), mean))
-        doubts += FigureTexts::tr("%1 of %2 pictures do not tell their focal length, so %3, the "
-                                  "mean of all, is too short.")
-                      .arg(number(silent), number(lenses.size()), millimetres(mean));
+        doubts += FigureTexts::tr("%Ln of %1 pictures do not tell their focal length, so %2, the "
+                                  "mean of all, is too short.",
+            nullptr, int(silent))
+                      .arg(number(lenses.size()), millimetres(mean));
 }
 
 void addGridDoubts(QStringList &doubts, const ProjectRecord &record, const PictureTable &pictures)
@@ -232,18 +233,21 @@ void addGridDoubts(QStringList &doubts, const ProjectRecord &record, const Pictu
                           .arg(QLocale().toString(grid->overlap));
             break;
         case GridDoubt::Kind::BeyondPoles:
-            doubts += FigureTexts::tr("From the lowest to the highest of %1 rows it would be %2, "
-                                      "but straight down to straight up is only 180°.")
-                          .arg(number(grid->rows), degrees);
+            doubts += FigureTexts::tr("From the lowest to the highest of %Ln rows it would be %1, "
+                                      "but straight down to straight up is only 180°.",
+                nullptr, grid->rows)
+                          .arg(degrees);
             break;
         case GridDoubt::Kind::BeyondTurn:
-            doubts += FigureTexts::tr("%1 columns would take %2, which is more than a full turn.")
-                          .arg(number(grid->columns), degrees);
+            doubts += FigureTexts::tr("%Ln columns would take %1, which is more than a full turn.",
+                nullptr, grid->columns)
+                          .arg(degrees);
             break;
         case GridDoubt::Kind::Gaps:
-            doubts += FigureTexts::tr("The pictures of %1 columns see %2 together, too little to "
-                                      "close a full turn.")
-                          .arg(number(grid->columns), degrees);
+            doubts += FigureTexts::tr("The pictures of %Ln columns see %1 together, too little to "
+                                      "close a full turn.",
+                nullptr, grid->columns)
+                          .arg(degrees);
             break;
         }
     }
