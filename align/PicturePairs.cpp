@@ -172,6 +172,7 @@ std::vector<int> PicturePairs::parts() const
             sets.join(pair.first, pair.second);
     }
     std::vector<int> parts;
+    parts.reserve(at(m_cameras.count()));
     for (int i = 0; i < m_cameras.count(); ++i)
         parts.push_back(sets.smallest(i));
     return parts;
