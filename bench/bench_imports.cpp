@@ -322,7 +322,7 @@ void importOnCommandLine(bench::Table &table, const Import &import, const QStrin
     table.note(begin + QLatin1String("time"), seconds(time));
     table.row(begin + QLatin1String("peak memory"), double(usage.ru_maxrss) * 1024 / 1e6,
         Bar::AtMost, 2000, " MB");
-    const int steps = said.count("pictures read");
+    const int steps = said.count("reading pictures");
     table.row(begin + QLatin1String("progress shown"), QStringLiteral("%1 times").arg(steps),
         QStringLiteral("yes"), steps > 0);
 }

@@ -63,11 +63,7 @@ private:
     {
         const Interrupt interrupt;
         ProgressLine line;
-        const auto progress = [&line](const QString &step, int done, int total) {
-            line.show(step, done, total);
-            return !Interrupt::isAsked();
-        };
-        return alignRecord(record, pictures, m_options, progress, problem);
+        return alignRecord(record, pictures, m_options, line.untilInterrupted(), problem);
     }
 
     bool m_json = false;

@@ -6,6 +6,7 @@
 #include "apps/panohost/AlignCommand.h"
 #include "apps/panohost/ImportCommand.h"
 #include "apps/panohost/MapCommand.h"
+#include "apps/panohost/Options.h"
 #include "apps/panohost/StitchCommand.h"
 #include "apps/panohost/heads/Head.h"
 
@@ -69,13 +70,10 @@ ExitCode run(const QString &command, const QStringList &arguments)
     if (const Command run = commands().value(command))
         return run(arguments);
     const QString answer = answers().value(command);
-    if (answer.isEmpty() || !arguments.isEmpty()) {
-        console::complain(answer.isEmpty()
-                ? QStringLiteral("there is no command \"%1\"").arg(command)
-                : QStringLiteral("%1 takes nothing behind it").arg(command));
-        console::complain(QStringLiteral("panohost --help tells how it is used"));
-        return ExitCode::WrongUsage;
-    }
+    if (answer.isEmpty())
+        return wrongUsage(QStringLiteral("there is no command \"%1\"").arg(command), {});
+    if (!arguments.isEmpty())
+        return wrongUsage(QStringLiteral("%1 takes nothing behind it").arg(command), {});
     console::print(answer);
     return ExitCode::Done;
 }

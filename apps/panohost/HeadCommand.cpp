@@ -5,9 +5,9 @@
 
 #include "align/OutputFile.h"
 #include "align/RecordJson.h"
+#include "apps/panohost/InputFile.h"
 #include "apps/panohost/heads/Head.h"
 
-#include <QFile>
 #include <algorithm>
 
 namespace {
@@ -105,30 +105,6 @@ QString helpOf(const HeadCommand &command, const HeadEntry &entry)
     return help + commonHelp(command);
 }
 
-ExitCode wrongUsage(const QString &error, const QString &help)
-{
-    console::complain(error);
-    console::complain(QStringLiteral("%1 tells how it is used").arg(help));
-    return ExitCode::WrongUsage;
-}
-
-void addOption(QCommandLineParser &parser, const OptionText &option)
-{
-    parser.addOption(
-        {QLatin1String(option.name), QString(), QLatin1String(option.value ? option.value : "")});
-}
-
-template <typename Options> void addOptions(QCommandLineParser &parser, const Options &options)
-{
-    for (const OptionText &option : options)
-        addOption(parser, option);
-}
-
-QStringList wordsOf(const OptionText &option)
-{
-    return QString::fromLatin1(option.value).split(QLatin1Char('|'));
-}
-
 /// Takes the record's choices; the two groups hang together as on the page.
 void takeChoices(const HeadEntry &entry, OptionReader &reader, ProjectRecord *choices)
 {
@@ -221,18 +197,6 @@ std::optional<QStringList> namedPictures(const Request &request)
     return isClear(problems) ? std::optional(paths) : std::nullopt;
 }
 
-bool mayWrite(const HeadCommand &command, const QStringList &inputs, bool force)
-{
-    const OutputGuard guard(inputs, force, command.writes());
-    QStringList problems;
-    for (const QString &path : command.outputs()) {
-        const QString objection = guard.objection(path);
-        if (!objection.isEmpty())
-            problems.append(QStringLiteral("%1: %2").arg(path, objection));
-    }
-    return isClear(problems);
-}
-
 void addChoices(const ProjectRecord &choices, ProjectRecord *record)
 {
     record->autoDetection = choices.autoDetection;
@@ -270,15 +234,10 @@ ExitCode import(HeadCommand &command, Head &head, const Request &request)
 ExitCode goOnFrom(
     HeadCommand &command, const QString &path, std::optional<double> focal, bool force)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        console::complain(QStringLiteral("%1: cannot be opened: %2").arg(path, file.errorString()));
-        return ExitCode::Failed;
-    }
     QString problem;
-    auto record = recordFromJson(file.readAll(), &problem);
+    auto record = readRecord(path, &problem);
     if (!record) {
-        console::complain(QStringLiteral("%1: %2").arg(path, problem));
+        console::complain(problem);
         return ExitCode::Failed;
     }
     PictureList pictures;
@@ -308,9 +267,8 @@ ExitCode runOnRecord(HeadCommand &command, const QStringList &arguments)
     addOptions(parser, command.options());
     addOptions(
         parser, std::vector<OptionText>{kRecordIn, {"focal", "MM", ""}, {"force", nullptr, ""}});
-    const QString help = QStringLiteral("panohost %1 --help").arg(command.name());
     if (!parser.parse(QStringList(command.name()) + arguments))
-        return wrongUsage(parser.errorText(), help);
+        return wrongUsage(parser.errorText(), command.name());
     OptionReader reader(parser);
     const QString path = reader.text("record-in");
     if (path.isEmpty())
@@ -322,10 +280,31 @@ ExitCode runOnRecord(HeadCommand &command, const QStringList &arguments)
         focal = boxedFocal(*focal);
     command.takeOptions(reader);
     return reader.error().isEmpty() ? goOnFrom(command, path, focal, reader.isSet("force"))
-                                    : wrongUsage(reader.error(), help);
+                                    : wrongUsage(reader.error(), command.name());
 }
 
 } // namespace
+
+std::optional<ProjectRecord> readRecord(const QString &path, QString *problem)
+{
+    const auto content = readFile(path, problem);
+    auto record = content ? recordFromJson(*content, problem) : std::nullopt;
+    if (!record)
+        problem->prepend(path + QStringLiteral(": "));
+    return record;
+}
+
+bool mayWrite(const HeadCommand &command, const QStringList &inputs, bool force)
+{
+    const OutputGuard guard(inputs, force, command.writes());
+    QStringList problems;
+    for (const QString &path : command.outputs()) {
+        const QString objection = guard.objection(path);
+        if (!objection.isEmpty())
+            problems.append(QStringLiteral("%1: %2").arg(path, objection));
+    }
+    return isClear(problems);
+}
 
 bool isClear(const QStringList &problems)
 {
@@ -351,8 +330,8 @@ ExitCode runHeadCommand(HeadCommand &command, const QStringList &arguments)
     if (!entry) {
         const QString given = name.isEmpty() ? QStringLiteral("no head is named")
                                              : QStringLiteral("there is no head \"%1\"").arg(name);
-        return wrongUsage(QStringLiteral("%1; the heads are %2").arg(given, headNames()),
-            QStringLiteral("panohost %1 --help").arg(command.name()));
+        return wrongUsage(
+            QStringLiteral("%1; the heads are %2").arg(given, headNames()), command.name());
     }
 
     QCommandLineParser parser;
@@ -360,7 +339,7 @@ ExitCode runHeadCommand(HeadCommand &command, const QStringList &arguments)
     addOptions(parser, kCommonOptions);
     addOptions(parser, entry->options);
     addHelp(parser);
-    const QString help = QStringLiteral("panohost %1 %2 --help").arg(command.name(), name);
+    const QString help = QStringLiteral("%1 %2").arg(command.name(), name);
     if (!parser.parse(arguments)) // Takes the first argument, the head, for the program's name.
         return wrongUsage(parser.errorText(), help);
     if (wantsHelp(parser)) {

@@ -9,6 +9,7 @@
 #include "apps/panohost/Options.h"
 #include "host/ProjectRecord.h"
 
+#include <optional>
 #include <vector>
 
 /// A command that begins with an import: "panohost NAME HEAD ...", or, where it takes them, with
@@ -39,6 +40,14 @@ ExitCode runHeadCommand(HeadCommand &command, const QStringList &arguments);
 
 /// How \a command is called: all options, with the heads that know them.
 QString helpOf(const HeadCommand &command);
+
+/// The record in the file at \a path; nothing, and in \a problem a sentence that names the file,
+/// when there is none.
+std::optional<ProjectRecord> readRecord(const QString &path, QString *problem);
+
+/// Complains of what stands against \a command's outputs, given the files it reads; false when
+/// something does.
+bool mayWrite(const HeadCommand &command, const QStringList &inputs, bool force);
 
 /// Complains of \a problems; false when there are some.
 bool isClear(const QStringList &problems);

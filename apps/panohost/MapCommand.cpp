@@ -4,11 +4,9 @@
 #include "apps/panohost/MapCommand.h"
 
 #include "align/OutputFile.h"
-#include "align/RecordJson.h"
-#include "apps/panohost/Options.h"
+#include "apps/panohost/HeadCommand.h"
 #include "apps/panohost/map/MapFile.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 namespace {
@@ -32,13 +30,12 @@ ExitCode failed(const QString &file, const QString &reason)
 
 ExitCode draw(const QString &input, const QString &output, MapFormat format, int width)
 {
-    QFile file(input);
-    if (!file.open(QIODevice::ReadOnly))
-        return failed(input, QStringLiteral("cannot be opened: %1").arg(file.errorString()));
     QString problem;
-    const auto record = recordFromJson(file.readAll(), &problem);
-    if (!record)
-        return failed(input, problem);
+    const auto record = readRecord(input, &problem);
+    if (!record) {
+        console::complain(problem);
+        return ExitCode::Failed;
+    }
 
     QStringList inputs{input};
     for (const QStringList &stack : record->groups)
@@ -96,11 +93,8 @@ ExitCode runMap(const QStringList &arguments)
             QStringLiteral("--output wants a name that ends with .png or .svg, not \"%1\"")
                 .arg(output));
     const int width = reader.integer("width", 100, 16'000).value_or(kUsualWidth);
-    if (!reader.error().isEmpty()) {
-        console::complain(reader.error());
-        console::complain(QStringLiteral("panohost map --help tells how it is used"));
-        return ExitCode::WrongUsage;
-    }
+    if (!reader.error().isEmpty())
+        return wrongUsage(reader.error(), QStringLiteral("map"));
     return draw(inputs.first(), output,
         suffix == QLatin1String("svg") ? MapFormat::Svg : MapFormat::Png, width);
 }

@@ -5,6 +5,26 @@
 
 #include <cmath>
 
+void addOption(QCommandLineParser &parser, const OptionText &option)
+{
+    parser.addOption(
+        {QLatin1String(option.name), QString(), QLatin1String(option.value ? option.value : "")});
+}
+
+ExitCode wrongUsage(const QString &error, const QString &command)
+{
+    console::complain(error);
+    QStringList call{QStringLiteral("panohost"), command, QStringLiteral("--help")};
+    call.removeAll(QString());
+    console::complain(QStringLiteral("%1 tells how it is used").arg(call.join(QLatin1Char(' '))));
+    return ExitCode::WrongUsage;
+}
+
+QStringList wordsOf(const OptionText &option)
+{
+    return QString::fromLatin1(option.value).split(QLatin1Char('|'));
+}
+
 void addHelp(QCommandLineParser &parser)
 {
     const QStringList names{QStringLiteral("h"), QStringLiteral("help")};

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "apps/panohost/Console.h"
+
 #include <QCommandLineParser>
 #include <QString>
 #include <QStringList>
@@ -18,9 +20,22 @@ struct OptionText {
     const char *description;
 };
 
+/// Lets \a parser know \a option.
+void addOption(QCommandLineParser &parser, const OptionText &option);
+template <typename Options> void addOptions(QCommandLineParser &parser, const Options &options)
+{
+    for (const OptionText &option : options)
+        addOption(parser, option);
+}
 /// Adds --help and -h.
 void addHelp(QCommandLineParser &parser);
 bool wantsHelp(const QCommandLineParser &parser);
+
+/// Complains of \a error and tells that "panohost COMMAND --help" has more.
+ExitCode wrongUsage(const QString &error, const QString &command);
+
+/// The words to choose from in the value of \a option.
+QStringList wordsOf(const OptionText &option);
 
 /// Takes values from a parsed command line and keeps the first thing that is wrong with them.
 class OptionReader {

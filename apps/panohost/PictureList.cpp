@@ -3,56 +3,14 @@
 
 #include "apps/panohost/PictureList.h"
 
-#include "apps/panohost/Console.h"
+#include "apps/panohost/InputFile.h"
+#include "apps/panohost/ProgressLine.h"
 
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QSet>
 #include <algorithm>
-#include <cstdio>
-
-namespace {
-
-/// Tells how far the reading is: on a terminal in one changing line, in a log now and then.
-class Progress {
-public:
-    explicit Progress(int total)
-        : m_total(total)
-        , m_watched(console::isWatched())
-        , m_next(m_watched ? 1000 : 10'000)
-    {
-        m_timer.start();
-    }
-    Progress(const Progress &) = delete;
-    Progress &operator=(const Progress &) = delete;
-    ~Progress()
-    {
-        if (m_shown && m_watched)
-            console::showPassing({});
-    }
-
-    void advance(int done)
-    {
-        if (m_timer.elapsed() < m_next)
-            return;
-        m_next = m_timer.elapsed() + (m_watched ? 200 : 10'000);
-        m_shown = true;
-        const QString text = QStringLiteral("%1 of %2 pictures read").arg(done).arg(m_total);
-        m_watched ? console::showPassing(text) : console::complain(text);
-    }
-
-private:
-    int m_total;
-    bool m_watched;
-    bool m_shown = false;
-    /// Milliseconds since the start.
-    qint64 m_next;
-    QElapsedTimer m_timer;
-};
-
-} // namespace
 
 PictureTable PictureList::table() const
 {
@@ -65,26 +23,15 @@ PictureTable PictureList::table() const
 
 std::optional<QStringList> pathsFrom(const QString &list, QString *problem)
 {
-    QFile file;
-    bool open = false;
-    if (list == QLatin1String("-")) {
-        open = file.open(stdin, QIODevice::ReadOnly);
-    } else {
-        file.setFileName(list);
-        open = !QFileInfo(list).isDir() && file.open(QIODevice::ReadOnly);
-    }
-    if (!open) {
-        *problem = QStringLiteral("%1: %2").arg(list,
-            QFileInfo(list).isDir()
-                ? QStringLiteral("is a folder, not a list of pictures")
-                : QStringLiteral("cannot be opened: %1").arg(file.errorString()));
+    auto content = readFile(list, problem);
+    if (!content) {
+        problem->prepend(list + QStringLiteral(": "));
         return std::nullopt;
     }
-    QByteArray content = file.readAll();
-    if (content.startsWith("\xEF\xBB\xBF"))
-        content.remove(0, 3);
+    if (content->startsWith("\xEF\xBB\xBF"))
+        content->remove(0, 3);
     QStringList paths;
-    for (QByteArray line : content.split('\n')) {
+    for (QByteArray line : content->split('\n')) {
         // Blanks belong to a name; what an editor of another system ends its lines with does not.
         if (line.endsWith('\r'))
             line.chop(1);
@@ -119,7 +66,7 @@ QStringList picturesNamed(const QStringList &named, QStringList *problems)
 
 void readPictures(PictureList *pictures, QStringList *problems)
 {
-    Progress progress(pictures->paths.size());
+    ProgressLine line(ProgressLine::Start::Later);
     QSet<QString> seen;
     pictures->facts.reserve(pictures->paths.size());
     for (const QString &path : qAsConst(pictures->paths)) {
@@ -130,6 +77,7 @@ void readPictures(PictureList *pictures, QStringList *problems)
         else if (!facts.readable)
             problems->append(QStringLiteral("%1: %2").arg(path, facts.reason));
         seen.insert(path);
-        progress.advance(pictures->facts.size());
+        line.show(
+            QStringLiteral("reading pictures"), pictures->facts.size(), pictures->paths.size());
     }
 }

@@ -4,6 +4,7 @@
 #include "apps/panohost/ProgressLine.h"
 
 #include "apps/panohost/Console.h"
+#include "apps/panohost/Interrupt.h"
 
 namespace {
 
@@ -11,13 +12,17 @@ constexpr int kBarWidth = 20;
 /// Milliseconds between two looks.
 constexpr int kWatchedPause = 200;
 constexpr int kLogPause = 10'000;
+constexpr int kWatchedPatience = 1000;
 /// Too early to tell how long it will take.
 constexpr int kTooEarly = 2000;
 
 } // namespace
 
-ProgressLine::ProgressLine()
+ProgressLine::ProgressLine(Start start)
     : m_watched(console::isWatched())
+    , m_patience(start == Start::AtOnce ? 0
+              : m_watched               ? kWatchedPatience
+                                        : kLogPause)
 {
     m_sinceFirst.start();
     m_sinceShown.start();
@@ -38,7 +43,7 @@ void ProgressLine::show(const QString &step, int done, int total)
         m_sinceFirst.start();
     }
     const int pause = m_watched ? kWatchedPause : kLogPause;
-    if (step == m_step && m_shown && m_sinceShown.elapsed() < pause)
+    if (m_sinceShown.elapsed() < (m_shown ? step == m_step ? pause : 0 : m_patience))
         return;
     m_step = step;
     m_shown = true;
@@ -52,6 +57,14 @@ void ProgressLine::show(const QString &step, int done, int total)
         text += QStringLiteral(", %1 %").arg(int(part * 100)) + timeLeft(part);
     }
     m_watched ? console::showPassing(text) : console::complain(text);
+}
+
+Progress ProgressLine::untilInterrupted()
+{
+    return [this](const QString &step, int done, int total) {
+        show(step, done, total);
+        return !Interrupt::isAsked();
+    };
 }
 
 QString ProgressLine::timeLeft(double part)

@@ -4,12 +4,12 @@
 #include "apps/panohost/StitchCommand.h"
 
 #include "apps/panohost/HeadCommand.h"
+#include "apps/panohost/InputFile.h"
 #include "apps/panohost/Interrupt.h"
 #include "apps/panohost/ProgressLine.h"
 #include "stitch/Panorama.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <algorithm>
 
@@ -17,6 +17,15 @@ namespace {
 
 constexpr int kWidest = 1'000'000;
 constexpr double kMostMemory = 100'000;
+
+const OptionText kProjection{"projection", "rectilinear|cylindrical|equirectangular",
+    "instead of what suits the shooting: flat ones, wide ones, full turns"};
+const OptionText kCrop{"crop", "covered|inside|full",
+    "all that is covered (default), the largest part without a hole, or the canvas"};
+/// In the order of those words.
+constexpr Projection kProjections[]
+    = {Projection::Rectilinear, Projection::Cylindrical, Projection::Equirectangular};
+constexpr Crop kCrops[] = {Crop::Covered, Crop::Inside, Crop::Full};
 
 class StitchCommand final : public HeadCommand {
 public:
@@ -26,11 +35,9 @@ public:
         return {
             {"output", "PANO.jpg|tif|exr", "the finished panorama; .exr is for radiance"},
             {"project", "FILE.pto", "stitch a project that is aligned already, without HEAD"},
-            {"projection", "equirectangular|cylindrical|rectilinear",
-                "instead of what suits the shooting: full turns, wide ones, flat ones"},
+            kProjection,
             {"width", "PIXELS", "across the finished panorama, instead of the pictures' own scale"},
-            {"crop", "covered|inside|full",
-                "all that is covered (default), the largest part without a hole, or the canvas"},
+            kCrop,
             {"no-photometric", nullptr, "leave vignetting and differences of exposure"},
             {"preview", nullptr, "1500 pixels within seconds; of a stack one picture"},
             {"web", "DIR", "write a folder that shows the panorama in any browser, too"},
@@ -52,14 +59,11 @@ public:
             reader.refuse(QStringLiteral("--output PANO.jpg|tif|exr is missing"));
         if (reader.isSet("report") && m_report.isEmpty())
             reader.refuse(QStringLiteral("--report wants a file"));
-        if (const auto choice = reader.choice("projection",
-                {QStringLiteral("rectilinear"), QStringLiteral("cylindrical"),
-                    QStringLiteral("equirectangular")}))
-            m_wishes.frame.projection = static_cast<Projection>(*choice);
+        if (const auto choice = reader.choice(kProjection.name, wordsOf(kProjection)))
+            m_wishes.frame.projection = kProjections[*choice];
         m_wishes.frame.width = reader.integer("width", 16, kWidest).value_or(0);
-        if (const auto choice = reader.choice("crop",
-                {QStringLiteral("covered"), QStringLiteral("inside"), QStringLiteral("full")}))
-            m_wishes.frame.crop = static_cast<Crop>(*choice);
+        if (const auto choice = reader.choice(kCrop.name, wordsOf(kCrop)))
+            m_wishes.frame.crop = kCrops[*choice];
         m_wishes.web.path = reader.text("web");
         m_wishes.web.force = reader.isSet("force");
         if (reader.isSet("web") && m_wishes.web.path.isEmpty())
@@ -99,10 +103,7 @@ private:
         Panorama panorama;
         {
             ProgressLine line;
-            panorama = making([&line](const QString &step, int done, int total) {
-                line.show(step, done, total);
-                return !Interrupt::isAsked();
-            });
+            panorama = making(line.untilInterrupted());
         }
         if (!panorama.problem.isEmpty())
             console::complain(panorama.problem);
@@ -117,9 +118,9 @@ private:
 
     ExitCode tell(const Panorama &panorama) const
     {
-        static const QString projections[] = {QStringLiteral("rectilinear"),
-            QStringLiteral("cylindrical"), QStringLiteral("equirectangular")};
         const Frame &frame = panorama.stitched.frame;
+        const auto *projection
+            = std::find(std::begin(kProjections), std::end(kProjections), frame.projection);
         console::print(panorama.report);
         if (panorama.stitched.evenedOut)
             console::print(QStringLiteral("Vignetting and exposure were evened out.\n"));
@@ -127,7 +128,7 @@ private:
                            .arg(m_wishes.output)
                            .arg(frame.crop.width())
                            .arg(frame.crop.height())
-                           .arg(projections[static_cast<int>(frame.projection)]));
+                           .arg(wordsOf(kProjection).at(int(projection - kProjections))));
         if (!m_wishes.web.path.isEmpty())
             console::print(QStringLiteral("%1/index.html: shows it in a browser\n")
                                .arg(QDir::cleanPath(m_wishes.web.path)));
@@ -148,10 +149,8 @@ private:
 ExitCode stitchProject(StitchCommand &command, const QStringList &arguments)
 {
     QCommandLineParser parser;
-    for (const OptionText &option : command.options())
-        parser.addOption({QLatin1String(option.name), QString(),
-            QLatin1String(option.value ? option.value : "")});
-    parser.addOption({QStringLiteral("force"), QString(), QString()});
+    addOptions(parser, command.options());
+    addOption(parser, {"force", nullptr, ""});
     const bool isParsed = parser.parse(QStringList(command.name()) + arguments);
     OptionReader reader(parser);
     if (!isParsed)
@@ -159,20 +158,14 @@ ExitCode stitchProject(StitchCommand &command, const QStringList &arguments)
     if (!parser.positionalArguments().isEmpty())
         reader.refuse(QStringLiteral("--project takes the pictures from the project"));
     command.takeOptions(reader);
-    if (!reader.error().isEmpty()) {
-        console::complain(reader.error());
-        console::complain(QStringLiteral("panohost stitch --help tells how it is used"));
-        return ExitCode::WrongUsage;
-    }
+    if (!reader.error().isEmpty())
+        return wrongUsage(reader.error(), command.name());
 
     const QString path = reader.text("project");
-    QFile file(path);
     QString problem;
-    std::optional<ReadProject> project;
-    if (file.open(QIODevice::ReadOnly))
-        project = readProject(file.readAll(), QFileInfo(path).absolutePath(), &problem);
-    else
-        problem = QStringLiteral("cannot be opened: %1").arg(file.errorString());
+    const auto content = readFile(path, &problem);
+    const auto project
+        = content ? readProject(*content, QFileInfo(path).absolutePath(), &problem) : std::nullopt;
     if (!project) {
         console::complain(QStringLiteral("%1: %2").arg(path, problem));
         return ExitCode::Failed;
@@ -184,13 +177,9 @@ ExitCode stitchProject(StitchCommand &command, const QStringList &arguments)
         if (!QFileInfo(picture.path).isFile())
             problems.append(QStringLiteral("%1: there is no such picture").arg(picture.path));
     }
-    const OutputGuard guard(inputs, reader.isSet("force"), command.writes());
-    for (const QString &output : command.outputs()) {
-        const QString objection = guard.objection(output);
-        if (!objection.isEmpty())
-            problems.append(QStringLiteral("%1: %2").arg(output, objection));
-    }
-    return isClear(problems) ? command.run(*project) : ExitCode::Failed;
+    if (!isClear(problems) || !mayWrite(command, inputs, reader.isSet("force")))
+        return ExitCode::Failed;
+    return command.run(*project);
 }
 
 } // namespace
