@@ -367,6 +367,12 @@ std::optional<Frame> frameOf(const PtoProject &project, const FrameWishes &wishe
     return frame;
 }
 
+Frame previewOf(const Frame &frame)
+{
+    constexpr int kPreviewWidth = 1500;
+    return frame.scaledTo(std::min(kPreviewWidth, frame.crop.width()));
+}
+
 QVector<View> viewsOf(const PtoProject &project)
 {
     QVector<View> views;

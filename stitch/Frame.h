@@ -65,5 +65,8 @@ struct Frame {
 std::optional<Frame> frameOf(
     const PtoProject &project, const FrameWishes &wishes, QString *problem);
 
+/// The same in few pixels.
+Frame previewOf(const Frame &frame);
+
 /// The views of \a project's pictures.
 QVector<View> viewsOf(const PtoProject &project);

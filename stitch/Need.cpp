@@ -9,6 +9,7 @@
 #include <QFile>
 #include <QHash>
 #include <QLocale>
+#include <QSet>
 #include <QStorageInfo>
 #include <QtMath>
 #include <algorithm>
@@ -24,11 +25,6 @@ struct NeedTexts {
 constexpr qint64 kMegabyte = 1'000'000;
 /// A program without a picture.
 constexpr qint64 kIdle = 60 * kMegabyte;
-
-qint64 areaOf(const QSize &size)
-{
-    return qint64(size.width()) * size.height();
-}
 
 QString inGigabytes(qint64 bytes)
 {
@@ -48,6 +44,21 @@ bool crossesEdge(const Frame &frame, const View &view)
 }
 
 } // namespace
+
+Rendering renderingOf(const PtoProject &project)
+{
+    if (project.outputType == ProjectRecord::HdrRadiance)
+        return Rendering::Radiance;
+    QSet<int> locations;
+    for (const PtoProject::Picture &picture : project.pictures)
+        locations.insert(picture.location);
+    return locations.size() < project.pictures.size() ? Rendering::Fused : Rendering::Plain;
+}
+
+qint64 areaOf(const QSize &size)
+{
+    return qint64(size.width()) * size.height();
+}
 
 QRect layerRect(const Frame &frame, const View &view, const QSize &picture)
 {
@@ -73,6 +84,15 @@ QRect layerRect(const Frame &frame, const View &view, const QSize &picture)
         bounds.setRight(frame.canvas.width());
     }
     return bounds.toAlignedRect().intersected(frame.crop);
+}
+
+QVector<QRect> layerRects(const PtoProject &project, const Frame &frame)
+{
+    const QVector<View> views = viewsOf(project);
+    QVector<QRect> layers;
+    for (int i = 0; i < views.size(); ++i)
+        layers.append(layerRect(frame, views.at(i), project.pictures.at(i).lens.size));
+    return layers;
 }
 
 Need needOf(const PtoProject &project, const Frame &frame, const QVector<QRect> &layers,

@@ -15,16 +15,24 @@ enum class Rendering {
     Radiance,
 };
 
+/// How \a project is to be rendered.
+Rendering renderingOf(const PtoProject &project);
+
 /// Bytes, reckoned before the work: at most so much, as a rule less.
 struct Need {
     qint64 memory = 0;
     qint64 disk = 0;
 };
 
+qint64 areaOf(const QSize &size);
+
 /// Where on the canvas a picture comes to lie. Empty when it lies outside the crop.
 QRect layerRect(const Frame &frame, const View &view, const QSize &picture);
 
-/// \a layers are the layerRect()s of the pictures; \a jobs of them are worked on at a time.
+/// The same for all of \a project's pictures.
+QVector<QRect> layerRects(const PtoProject &project, const Frame &frame);
+
+/// \a layers are the layerRects(); \a jobs of them are worked on at a time.
 Need needOf(const PtoProject &project, const Frame &frame, const QVector<QRect> &layers,
     Rendering rendering, bool deep, int jobs);
 

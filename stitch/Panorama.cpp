@@ -7,6 +7,8 @@
 #include "align/OutputFile.h"
 #include "align/PtoProject.h"
 #include "align/RecordJson.h"
+#include "stitch/StitchObstacle.h"
+#include "stitch/StitchProgress.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -4,24 +4,21 @@
 #include "stitch/Stitching.h"
 
 #include "align/OutputFile.h"
+#include "stitch/BlendProgress.h"
 #include "stitch/Outlines.h"
 #include "stitch/Photometry.h"
 #include "stitch/Radiance.h"
 #include "stitch/Script.h"
+#include "stitch/StitchProgress.h"
 #include "stitch/Tags.h"
 #include "stitch/ToolRunner.h"
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
-#include <QLocale>
 #include <QMap>
-#include <QSet>
-#include <QThread>
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <memory>
 #include <numeric>
 #include <utility>
 
@@ -31,72 +28,11 @@ struct StitchTexts {
     Q_DECLARE_TR_FUNCTIONS(Stitching)
 };
 
-constexpr int kPreviewWidth = 1500;
-/// What JPEG can hold.
-constexpr int kLongestJpegSide = 65000;
 const QString kJpegQuality = QStringLiteral("92");
-constexpr double kMegapixel = 1e6;
-/// Megapixels that are remapped while a picture is aligned, or its light compared, or while the
-/// tool that remaps it starts. All that is reckoned as work was measured on two cores.
-constexpr double kAlignment = 0.2;
-constexpr double kComparison = 0.75;
-constexpr double kStart = 0.8;
-/// Work of a megapixel in a step: as a picture, and as radiance.
-constexpr double kRemapping[] = {1, 1.85};
-constexpr double kMerging[] = {0.3, 0.15};
-constexpr double kBlending[] = {1, 1.5};
-constexpr double kTiling = 0.7;
-/// Parts of the whole that progress tells of.
-constexpr int kParts = 1000;
-/// Evening out, remapping, merging, blending, web folder.
-constexpr int kSteps = 5;
-constexpr const char *kStepNames[kSteps] = {
-    QT_TRANSLATE_NOOP("Progress", "Evening out brightness"),
-    QT_TRANSLATE_NOOP("Progress", "Remapping"),
-    QT_TRANSLATE_NOOP("Progress", "Merging exposures"),
-    QT_TRANSLATE_NOOP("Progress", "Blending"),
-    QT_TRANSLATE_NOOP("Progress", "Making tiles"),
-};
 
-enum class Format { Jpeg, Tiff, Exr, Unknown };
-
-Format formatOf(const QString &output)
+const char *suffixOf(OutputFormat format)
 {
-    const QString suffix = QFileInfo(output).suffix().toLower();
-    if (suffix == QLatin1String("jpg") || suffix == QLatin1String("jpeg"))
-        return Format::Jpeg;
-    if (suffix == QLatin1String("tif") || suffix == QLatin1String("tiff"))
-        return Format::Tiff;
-    return suffix == QLatin1String("exr") ? Format::Exr : Format::Unknown;
-}
-
-const char *suffixOf(Format format)
-{
-    return format == Format::Jpeg ? ".jpg" : format == Format::Tiff ? ".tif" : ".exr";
-}
-
-int jobsOf(const StitchWishes &wishes)
-{
-    return wishes.jobs > 0 ? wishes.jobs : std::max(1, QThread::idealThreadCount());
-}
-
-QVector<QRect> layersOf(const PtoProject &project, const Frame &frame)
-{
-    const QVector<View> views = viewsOf(project);
-    QVector<QRect> layers;
-    for (int i = 0; i < views.size(); ++i)
-        layers.append(layerRect(frame, views.at(i), project.pictures.at(i).lens.size));
-    return layers;
-}
-
-Frame previewOf(const Frame &frame)
-{
-    return frame.scaledTo(std::min(kPreviewWidth, frame.crop.width()));
-}
-
-double areaOf(const QRect &rect)
-{
-    return double(rect.width()) * rect.height();
+    return format == OutputFormat::Jpeg ? ".jpg" : format == OutputFormat::Tiff ? ".tif" : ".exr";
 }
 
 /// The places of the pictures that stand for their locations: those of middle exposure.
@@ -114,104 +50,6 @@ QVector<int> representatives(const PtoProject &project)
     }
     return result;
 }
-
-/// How much each step has to do, in remapped megapixels.
-std::array<double, kSteps> workOf(const PtoProject &project, const Frame &frame,
-    const QVector<QRect> &layers, const StitchWishes &wishes)
-{
-    const Rendering rendering = renderingOf(project);
-    const int kind = rendering == Rendering::Radiance ? 1 : 0;
-    double remapped = 0;
-    QMap<int, QRect> blended;
-    for (int i = 0; i < layers.size(); ++i) {
-        remapped += areaOf(layers.at(i));
-        blended[project.pictures.at(i).location] |= layers.at(i);
-    }
-    double merged = 0;
-    for (const QRect &layer : qAsConst(blended))
-        merged += areaOf(layer);
-    const double pictures = project.pictures.size();
-    return {wishes.photometric ? kComparison * pictures : 0,
-        kStart * pictures + kRemapping[kind] * remapped / kMegapixel,
-        rendering == Rendering::Plain ? 0 : kMerging[kind] * remapped / kMegapixel,
-        kBlending[kind] * merged / kMegapixel,
-        wishes.web.path.isEmpty() ? 0 : kTiling * areaOf(frame.crop) / kMegapixel};
-}
-
-/// Why nona cannot read a picture of \a project; empty when it can read all. It goes by the first
-/// bytes, and of a RAW that begins like a TIFF it would take the thumbnail for the picture.
-QString foreignPicture(const PtoProject &project)
-{
-    const auto isForeign = [](const PtoProject::Picture &picture) {
-        QFile file(picture.path);
-        if (!file.open(QIODevice::ReadOnly))
-            return false; // Told elsewhere.
-        const QByteArray start = file.read(10);
-        const QString suffix = QFileInfo(picture.path).suffix().toLower();
-        const bool isTiff
-            = start.startsWith(QByteArray("II*\0", 4)) || start.startsWith(QByteArray("MM\0*", 4));
-        if (isTiff)
-            return suffix != QLatin1String("tif") && suffix != QLatin1String("tiff");
-        constexpr const char *kStarts[]
-            = {"\xff\xd8\xff", "\x89PNG", "BM", "GIF8", "P5", "P6", "\x76\x2f\x31\x01", "#?"};
-        return std::none_of(std::begin(kStarts), std::end(kStarts),
-            [&start](const char *known) { return start.startsWith(known); });
-    };
-    const auto begin = project.pictures.cbegin();
-    const auto end = project.pictures.cend();
-    const auto first = std::find_if(begin, end, isForeign);
-    if (first == end)
-        return {};
-    const auto others = std::count_if(first + 1, end, isForeign);
-    return (others == 0
-            ? StitchTexts::tr("%1: Hugin's tools cannot read such a file; develop or convert it to "
-                              ".tif or .jpg and import that")
-            : StitchTexts::tr("%1: Hugin's tools cannot read such a file; develop or convert it "
-                              "and %Ln more to .tif or .jpg and import that",
-                nullptr, int(others)))
-        .arg(first->path);
-}
-
-/// Hears from enblend's lines how far it is. It blends groups of pictures that do not overlap, one
-/// after the other.
-class BlendingEar {
-public:
-    /// \a pictures are blended, their paths all beginning with \a prefix.
-    BlendingEar(int pictures, QByteArray prefix)
-        : m_pictures(pictures)
-        , m_prefix(std::move(prefix))
-    {
-    }
-
-    /// The part that is done when \a line has been said.
-    double hear(const QByteArray &line)
-    {
-        m_isDegenerate |= line.contains("degenerate image/mask geometry");
-        if (line.contains("combining non-overlapping images:")
-            || line.contains("loading next image:")) {
-            m_before = m_named;
-            m_named += line.count(m_prefix);
-            m_lines = 0;
-        } else if (m_lines < kLines) {
-            ++m_lines;
-        }
-        const double done = m_before + (m_named - m_before) * double(m_lines) / kLines;
-        return std::min(0.99, done / m_pictures);
-    }
-
-    /// Whether it gave up for a picture of which hardly a pixel was left.
-    bool isDegenerate() const { return m_isDegenerate; }
-
-private:
-    /// That it says of a group.
-    static constexpr int kLines = 9;
-    int m_pictures;
-    QByteArray m_prefix;
-    int m_before = 0;
-    int m_named = 0;
-    int m_lines = 0;
-    bool m_isDegenerate = false;
-};
 
 /// One stitch().
 class Work {
@@ -238,9 +76,8 @@ public:
             simplify();
         m_rendering = renderingOf(m_project);
         m_result.frame = m_frame;
-        m_layers = layersOf(m_project, m_frame);
-        m_share = workOf(m_project, m_frame, m_layers, m_wishes);
-        m_whole = std::accumulate(m_share.begin(), m_share.end(), 0.0);
+        m_layers = layerRects(m_project, m_frame);
+        m_progress.setEffort(effortOf(m_project, m_frame, m_layers, m_wishes));
         m_result.done = (!m_wishes.photometric || evenOut()) && remap() && mergeStacks() && blend()
             && writeWeb() && finish();
         return m_result;
@@ -264,16 +101,7 @@ private:
         m_wishes.photometric = false;
     }
 
-    /// Tells that \a part of the step is done; false when the user has had enough.
-    bool tell(double part)
-    {
-        if (!m_progress)
-            return true;
-        const double before = std::accumulate(m_share.begin(), m_share.begin() + m_step, 0.0);
-        m_told = std::max(m_told, before + m_share[m_step] * part);
-        return m_progress(
-            QLatin1String(kStepNames[m_step]), int(m_told / m_whole * kParts), kParts);
-    }
+    bool tell(double part) { return m_progress.tell(m_step, part); }
 
     /// Runs \a calls, whose work is as \a weights (else equal); \a done finishes what a call has
     /// made, false when it cannot.
@@ -318,7 +146,7 @@ private:
 
     bool evenOut()
     {
-        m_step = 0;
+        m_step = StitchStep::EvenOut;
         if (m_project.pictures.size() < 2)
             return true;
         // Stacks keep their exposures: fusing wants them, and radiance is reckoned from them.
@@ -372,7 +200,7 @@ private:
 
     bool remap()
     {
-        m_step = 1;
+        m_step = StitchStep::Remap;
         const bool isRadiance = m_rendering == Rendering::Radiance;
         const QString suffix = isRadiance ? QStringLiteral(".exr") : QStringLiteral(".tif");
         QVector<ToolCall> calls;
@@ -407,7 +235,7 @@ private:
                 {QStringLiteral("nona"), arguments, prefix + QStringLiteral("-0000") + suffix});
             scripts.append(scriptFile);
             wanted.append(finished);
-            weights.append(kStart + areaOf(m_layers.at(i)) / kMegapixel);
+            weights.append(remappingEffort(m_layers.at(i), m_rendering));
         }
         const auto done = [&](int call) {
             QFile::remove(scripts.at(call));
@@ -430,7 +258,7 @@ private:
     /// Leaves what is to be blended in m_remapped.
     bool mergeStacks()
     {
-        m_step = 2;
+        m_step = StitchStep::MergeStacks;
         if (m_rendering == Rendering::Plain)
             return true;
         QMap<int, QStringList> stacks;
@@ -449,8 +277,9 @@ private:
             }
             QStringList arguments{QStringLiteral("-v")};
             if (!isRadiance) {
-                arguments << QStringLiteral("--compression=lzw")
-                          << QStringLiteral("--depth=%1").arg(m_format == Format::Tiff ? 16 : 8);
+                arguments
+                    << QStringLiteral("--compression=lzw")
+                    << QStringLiteral("--depth=%1").arg(m_format == OutputFormat::Tiff ? 16 : 8);
                 if (m_frame.isFullTurn())
                     arguments << QStringLiteral("-w");
             }
@@ -473,7 +302,7 @@ private:
 
     bool blend()
     {
-        m_step = 3;
+        m_step = StitchStep::Blend;
         QStringList layers = m_remapped;
         layers.removeAll(QString());
         if (layers.isEmpty()) {
@@ -494,9 +323,9 @@ private:
                 .arg(crop.top())};
         if (m_frame.isFullTurn())
             arguments << QStringLiteral("-w");
-        if (m_format == Format::Jpeg)
+        if (m_format == OutputFormat::Jpeg)
             arguments << QStringLiteral("--compression=") + kJpegQuality << QStringLiteral("-d8");
-        else if (m_format == Format::Tiff)
+        else if (m_format == OutputFormat::Tiff)
             arguments << QStringLiteral("--compression=lzw") << QStringLiteral("-d16");
         m_blended = m_folder.finished("blended",
             arguments.join(QLatin1Char(' ')).toUtf8() + layers.join(QLatin1Char('\n')).toUtf8(),
@@ -526,19 +355,19 @@ private:
     bool blendLayers(QStringList arguments, const QStringList &layers, bool *mayRetry)
     {
         const QString result = m_folder.unfinished(m_blended);
-        BlendingEar ear(layers.size(), m_folder.file(QStringLiteral("done-")).toUtf8());
+        BlendProgress blending(layers.size(), m_folder.file(QStringLiteral("done-")).toUtf8());
         const bool isDone = run(
             {{QStringLiteral("enblend"),
                 arguments << QStringLiteral("-o") << result << QStringLiteral("--") << layers,
                 result}},
             [&](int) { return WorkFolder::finish(result, m_blended); },
-            [&](const QByteArray &line) { m_part = ear.hear(line); });
+            [&](const QByteArray &line) { m_part = blending.readLine(line); });
         const QStringList masks = m_folder.allUnfinished(QStringLiteral("mask-*.png"));
         if (isDone)
             m_result.seams = seamsOf(m_project, m_frame, masks);
         for (const QString &mask : masks)
             QFile::remove(mask);
-        *mayRetry = ear.isDegenerate();
+        *mayRetry = blending.isDegenerate();
         return isDone;
     }
 
@@ -546,9 +375,9 @@ private:
     {
         if (m_wishes.web.path.isEmpty())
             return true;
-        m_step = 4;
+        m_step = StitchStep::WriteWeb;
         QString shown = m_blended;
-        if (m_format != Format::Jpeg) {
+        if (m_format != OutputFormat::Jpeg) {
             shown = m_folder.finished("shown", m_blended.toUtf8(), ".jpg");
             const QString result = m_folder.unfinished(shown);
             // Of a single picture enblend makes a copy with another depth.
@@ -573,10 +402,9 @@ private:
     /// Gives the panorama its tags and its name.
     bool finish()
     {
-        m_step = 3;
         const QString whole = m_folder.unfinished(m_blended);
         const QString first = m_project.pictures.at(representatives(m_project).constFirst()).path;
-        if (m_format == Format::Exr) {
+        if (m_format == OutputFormat::Exr) {
             m_result.problem = writeRadiance(m_blended, whole, first, m_frame);
         } else if (m_wishes.keep ? QFile::copy(m_blended, whole)
                                  : WorkFolder::finish(m_blended, whole)) {
@@ -592,9 +420,9 @@ private:
     PtoProject m_project;
     StitchWishes m_wishes;
     WorkFolder &m_folder;
-    const Progress &m_progress;
+    StitchProgress m_progress;
     Rendering m_rendering = Rendering::Plain;
-    Format m_format;
+    OutputFormat m_format;
     int m_jobs;
     QVector<PictureLight> m_light;
     Frame m_frame;
@@ -602,152 +430,12 @@ private:
     /// A file a picture, later a stack; empty for what lies outside.
     QStringList m_remapped;
     QString m_blended;
-    int m_step = 0;
+    StitchStep m_step = StitchStep::EvenOut;
     double m_part = 0;
-    std::array<double, kSteps> m_share{};
-    double m_whole = 1;
-    double m_told = 0;
     Stitched m_result;
 };
 
-/// Why there can be no web folder; empty when there can, or none is wanted.
-QString webMisfit(Rendering rendering, const Frame &frame, const StitchWishes &wishes)
-{
-    if (wishes.web.path.isEmpty())
-        return {};
-    if (rendering == Rendering::Radiance)
-        return QStringLiteral("%1: browsers do not show radiance").arg(wishes.web.path);
-    if (wishes.preview)
-        return QStringLiteral("%1: a preview has no web folder").arg(wishes.web.path);
-    if (frame.projection != Projection::Equirectangular)
-        return QStringLiteral("%1: only an equirectangular panorama can be turned")
-            .arg(wishes.web.path);
-    return webObstacle(wishes.web);
-}
-
-/// Why the output's name does not fit what comes out.
-QString nameMisfit(Rendering rendering, const StitchWishes &wishes)
-{
-    const Format format = formatOf(wishes.output);
-    if (wishes.preview)
-        return format == Format::Jpeg
-            ? QString()
-            : QStringLiteral("%1: a preview is a .jpg").arg(wishes.output);
-    if (rendering == Rendering::Radiance)
-        return format == Format::Exr
-            ? QString()
-            : StitchTexts::tr("%1: radiance needs the name of an .exr").arg(wishes.output);
-    if (format == Format::Jpeg || format == Format::Tiff)
-        return {};
-    return format == Format::Exr
-        ? StitchTexts::tr("%1: only radiance is written as .exr; .jpg and .tif are for the rest")
-              .arg(wishes.output)
-        : StitchTexts::tr("%1: a panorama is a .jpg, a .tif, or for radiance an .exr")
-              .arg(wishes.output);
-}
-
-QStringList toolsFor(Rendering rendering, const StitchWishes &wishes)
-{
-    QStringList tools{QStringLiteral("nona"), QStringLiteral("enblend")};
-    if (wishes.preview)
-        return tools;
-    if (wishes.photometric)
-        tools.append(QStringLiteral("vig_optimize"));
-    if (rendering == Rendering::Fused)
-        tools.append(QStringLiteral("enfuse"));
-    if (rendering == Rendering::Radiance)
-        tools.append(QStringLiteral("hugin_hdrmerge"));
-    return tools;
-}
-
 } // namespace
-
-Rendering renderingOf(const PtoProject &project)
-{
-    if (project.outputType == ProjectRecord::HdrRadiance)
-        return Rendering::Radiance;
-    QSet<int> locations;
-    for (const PtoProject::Picture &picture : project.pictures)
-        locations.insert(picture.location);
-    return locations.size() < project.pictures.size() ? Rendering::Fused : Rendering::Plain;
-}
-
-QString stitchObstacle(const PtoProject &project, const StitchWishes &wishes, qint64 kept)
-{
-    const Rendering rendering = renderingOf(project);
-    QString problem = nameMisfit(rendering, wishes);
-    if (problem.isEmpty())
-        problem = missingTools(toolsFor(rendering, wishes));
-    if (problem.isEmpty())
-        problem = foreignPicture(project);
-    if (!problem.isEmpty())
-        return problem;
-    const auto frame = frameOf(project, wishes.frame, &problem);
-    if (!frame)
-        return problem;
-    problem = webMisfit(rendering, *frame, wishes);
-    if (!problem.isEmpty() || wishes.preview)
-        return problem;
-    const Format format = formatOf(wishes.output);
-    const int longest = std::max(frame->crop.width(), frame->crop.height());
-    if (format == Format::Jpeg && longest > kLongestJpegSide)
-        return StitchTexts::tr("%1: would have %2 pixels a side, and a JPEG has at most %3; a .tif "
-                               "or --width %4 would do")
-            .arg(wishes.output, QLocale().toString(longest), QLocale().toString(kLongestJpegSide),
-                QString::number(kLongestJpegSide));
-    const Need need = needOf(project, *frame, layersOf(project, *frame), rendering,
-        format == Format::Tiff, jobsOf(wishes));
-    return excess(need, wishes.memory, QFileInfo(wishes.output).absolutePath(), kept);
-}
-
-std::pair<Progress, Progress> oneBar(
-    const PtoProject &project, const StitchWishes &wishes, const Progress &progress)
-{
-    QString problem;
-    const auto frame = frameOf(project, wishes.frame, &problem);
-    if (!frame || !progress)
-        return {progress, progress};
-    const Frame shown = wishes.preview ? previewOf(*frame) : *frame;
-    const auto work = workOf(project, shown, layersOf(project, shown), wishes);
-    const double aligning = kAlignment * project.pictures.size();
-    const double share = aligning / std::accumulate(work.begin(), work.end(), aligning);
-    // What was aligned before is not told of.
-    const auto before = std::make_shared<double>(0);
-    const Progress alignment = [before, share, tell = asOneBar(progress, share)](
-                                   const QString &step, int done, int total) {
-        *before = share;
-        return tell(step, done, total);
-    };
-    const Progress rendering = [before, progress](const QString &step, int done, int total) {
-        const double part = *before + (1 - *before) * done / total;
-        return progress(step, int(part * kParts), kParts);
-    };
-    return {alignment, rendering};
-}
-
-Progress asOneBar(const Progress &progress, double share)
-{
-    if (!progress)
-        return {};
-    struct State {
-        QString step;
-        double before = 0;
-        double told = 0;
-    };
-    return [progress, share, state = std::make_shared<State>()](
-               const QString &step, int done, int total) {
-        if (step != state->step) {
-            state->step = step;
-            state->before = state->told;
-        }
-        // Most of what is left: nobody knows what comes after it.
-        constexpr double kMost = 0.8;
-        if (total > 0)
-            state->told = std::max(
-                state->told, state->before + kMost * (1 - state->before) * double(done) / total);
-        return progress(step, int(state->told * share * kParts), kParts);
-    };
-}
 
 Stitched stitch(const PtoProject &project, const QVector<PictureLight> &light,
     const StitchWishes &wishes, WorkFolder &folder, const Progress &progress)

@@ -892,7 +892,7 @@ Brennweite aller Bilder in mm, wie bei Kleinbild (36 × 24&#xa0;mm):</translatio
     </message>
 </context>
 <context>
-    <name>Stitching</name>
+    <name>StitchObstacle</name>
     <message>
         <source>%1: Hugin&apos;s tools cannot read such a file; develop or convert it to .tif or .jpg and import that</source>
         <translation>%1: Hugins Werkzeuge können eine solche Datei nicht lesen; als .tif oder .jpg entwickeln oder umwandeln und dann importieren</translation>
@@ -903,14 +903,6 @@ Brennweite aller Bilder in mm, wie bei Kleinbild (36 × 24&#xa0;mm):</translatio
             <numerusform>%1: Hugins Werkzeuge können eine solche Datei nicht lesen; diese und %Ln weitere als .tif oder .jpg entwickeln oder umwandeln und dann importieren</numerusform>
             <numerusform>%1: Hugins Werkzeuge können eine solche Datei nicht lesen; diese und %Ln weitere als .tif oder .jpg entwickeln oder umwandeln und dann importieren</numerusform>
         </translation>
-    </message>
-    <message>
-        <source>%1: cannot be written to</source>
-        <translation>%1: dorthin kann nicht geschrieben werden</translation>
-    </message>
-    <message>
-        <source>%1: cannot be read</source>
-        <translation>%1: kann nicht gelesen werden</translation>
     </message>
     <message>
         <source>%1: radiance needs the name of an .exr</source>
@@ -927,6 +919,17 @@ Brennweite aller Bilder in mm, wie bei Kleinbild (36 × 24&#xa0;mm):</translatio
     <message>
         <source>%1: would have %2 pixels a side, and a JPEG has at most %3; a .tif or --width %4 would do</source>
         <translation>%1: hätte eine Seite von %2 Pixeln, ein JPEG höchstens eine von %3; ein .tif ginge, oder --width %4</translation>
+    </message>
+</context>
+<context>
+    <name>Stitching</name>
+    <message>
+        <source>%1: cannot be written to</source>
+        <translation>%1: dorthin kann nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>%1: cannot be read</source>
+        <translation>%1: kann nicht gelesen werden</translation>
     </message>
 </context>
 <context>

@@ -160,7 +160,7 @@
     </message>
 </context>
 <context>
-    <name>Stitching</name>
+    <name>StitchObstacle</name>
     <message numerus="yes">
         <source>%1: Hugin&apos;s tools cannot read such a file; develop or convert it and %Ln more to .tif or .jpg and import that</source>
         <translation>

@@ -892,7 +892,7 @@ Longueur focale de toutes les images en mm, comme en 24 × 36&#xa0;mm&#xa0;:</tr
     </message>
 </context>
 <context>
-    <name>Stitching</name>
+    <name>StitchObstacle</name>
     <message>
         <source>%1: Hugin&apos;s tools cannot read such a file; develop or convert it to .tif or .jpg and import that</source>
         <translation>%1&#xa0;: les outils de Hugin ne savent pas lire un tel fichier&#xa0;; développez-le ou convertissez-le en .tif ou .jpg, puis importez le résultat</translation>
@@ -903,14 +903,6 @@ Longueur focale de toutes les images en mm, comme en 24 × 36&#xa0;mm&#xa0;:</tr
             <numerusform>%1&#xa0;: les outils de Hugin ne savent pas lire un tel fichier&#xa0;; développez-le ou convertissez-le, avec %Ln autre, en .tif ou .jpg, puis importez le résultat</numerusform>
             <numerusform>%1&#xa0;: les outils de Hugin ne savent pas lire un tel fichier&#xa0;; développez-le ou convertissez-le, avec %Ln autres, en .tif ou .jpg, puis importez le résultat</numerusform>
         </translation>
-    </message>
-    <message>
-        <source>%1: cannot be written to</source>
-        <translation>%1&#xa0;: impossible d’y écrire</translation>
-    </message>
-    <message>
-        <source>%1: cannot be read</source>
-        <translation>%1&#xa0;: ne peut pas être lu</translation>
     </message>
     <message>
         <source>%1: radiance needs the name of an .exr</source>
@@ -927,6 +919,17 @@ Longueur focale de toutes les images en mm, comme en 24 × 36&#xa0;mm&#xa0;:</tr
     <message>
         <source>%1: would have %2 pixels a side, and a JPEG has at most %3; a .tif or --width %4 would do</source>
         <translation>%1&#xa0;: aurait %2 pixels de côté, et un JPEG en a au plus %3&#xa0;; un .tif conviendrait, ou --width %4</translation>
+    </message>
+</context>
+<context>
+    <name>Stitching</name>
+    <message>
+        <source>%1: cannot be written to</source>
+        <translation>%1&#xa0;: impossible d’y écrire</translation>
+    </message>
+    <message>
+        <source>%1: cannot be read</source>
+        <translation>%1&#xa0;: ne peut pas être lu</translation>
     </message>
 </context>
 <context>

@@ -9,6 +9,7 @@
 #include "stitch/Outlines.h"
 #include "stitch/Panorama.h"
 #include "stitch/Script.h"
+#include "stitch/StitchProgress.h"
 
 #include <QCoreApplication>
 #include <QDir>

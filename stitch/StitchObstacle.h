@@ -1,0 +1,12 @@
+// SPDX-FileCopyrightText: 2026 The ZPanoHead authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "align/PtoProject.h"
+#include "stitch/StitchOptions.h"
+
+/// Why \a wishes cannot be had for \a project, before anything is done: the output's name does not
+/// fit, a tool is missing, the picture is too large. Empty when they can. Of the disk that it needs
+/// \a kept bytes hold work that was done before.
+QString stitchObstacle(const PtoProject &project, const StitchWishes &wishes, qint64 kept = 0);
