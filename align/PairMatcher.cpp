@@ -116,8 +116,8 @@ void PairMatcher::trackPair(
     const WorkingPicture &first, const WorkingPicture &second, double leastPart, PicturePair *pair)
 {
     const Lens &lens = m_cameras.lens(pair->first);
-    const View one{&first, lens, m_cameras.rotation(pair->first)};
-    View other{&second, m_cameras.lens(pair->second), m_cameras.rotation(pair->second)};
+    const TrackedView one{&first, lens, m_cameras.rotation(pair->first)};
+    TrackedView other{&second, m_cameras.lens(pair->second), m_cameras.rotation(pair->second)};
     int corners = 0;
     const auto isFound = [&](const Rotation &place, bool isFar) {
         other.rotation = place;

@@ -31,6 +31,8 @@ QByteArray decimal(double value, int decimals = 4)
     return text == "-0" ? QByteArrayLiteral("0") : text;
 }
 
+constexpr int kEquirectangular = 2;
+
 /// What the tools can neither escape nor quote ends a name or a line.
 bool canBeNamed(const QString &path)
 {
@@ -96,20 +98,9 @@ public:
 
     QByteArray text() const
     {
-        const Canvas &canvas = m_project.canvas;
-        QByteArray text = QByteArrayLiteral("# hugin project file\n#hugin_ptoversion 2\np f2 w");
-        text.append(QByteArray::number(canvas.size.width()));
-        text.append(" h").append(QByteArray::number(canvas.size.height()));
-        text.append(" v").append(QByteArray::number(canvas.angle));
-        text.append(" E").append(decimal(m_project.outputExposure)).append(" R0");
-        if (canvas.crop.size() != canvas.size) {
-            const QRect &crop = canvas.crop;
-            text.append(" S").append(QByteArray::number(crop.left()));
-            for (const int edge :
-                {crop.left() + crop.width(), crop.top(), crop.top() + crop.height()})
-                text.append(',').append(QByteArray::number(edge));
-        }
-        text.append(" n\"TIFF_m c:LZW r:CROP\"\nm g1 i0 f0 m2 p0.00784314\n\n");
+        QByteArray text = QByteArrayLiteral("# hugin project file\n#hugin_ptoversion 2\n");
+        text.append(canvasLines(m_project.canvas, kEquirectangular, m_project.outputExposure));
+        text.append('\n');
         text.append(m_images).append('\n').append(m_variables).append("v\n\n");
         addPoints(&text);
         text.append(outputChoice());
@@ -336,6 +327,22 @@ Canvas canvasOf(const QVector<PtoProject::Picture> &pictures)
     for (const PtoProject::Picture &picture : pictures)
         coverage.add(picture.place, picture.lens);
     return coverage.canvas();
+}
+
+QByteArray canvasLines(const Canvas &canvas, int projection, double exposure, bool radiance)
+{
+    QByteArray text = "p f" + QByteArray::number(projection);
+    text += " w" + QByteArray::number(canvas.size.width());
+    text += " h" + QByteArray::number(canvas.size.height());
+    text += " v" + QByteArray::number(canvas.angle);
+    text += " E" + decimal(exposure) + (radiance ? " R1" : " R0");
+    if (canvas.crop.size() != canvas.size) {
+        const QRect &crop = canvas.crop;
+        text += " S" + QByteArray::number(crop.left());
+        for (const int edge : {crop.left() + crop.width(), crop.top(), crop.top() + crop.height()})
+            text += ',' + QByteArray::number(edge);
+    }
+    return text + " n\"TIFF_m c:LZW r:CROP\"\nm g1 i0 f0 m2 p0.00784314\n";
 }
 
 QByteArray projectText(const PtoProject &project, const QString &folder)

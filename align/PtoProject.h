@@ -78,6 +78,11 @@ std::optional<PtoProject> projectOf(
 /// The canvas that shows all of \a pictures.
 Canvas canvasOf(const QVector<PtoProject::Picture> &pictures);
 
+/// The first lines of a script for the remapper, whose projection has the number \a projection:
+/// what is made of the pictures at \a exposure, in values of light where \a radiance is set.
+QByteArray canvasLines(
+    const Canvas &canvas, int projection, double exposure, bool radiance = false);
+
 /// The text of \a project's file. Pictures below \a folder, the file's, are named from there,
 /// others by their full path.
 QByteArray projectText(const PtoProject &project, const QString &folder);

@@ -112,7 +112,7 @@ Fit fitOf(const cv::Mat_<float> &here, const Lens &from, const cv::Mat_<float> &
 
 } // namespace
 
-std::optional<Rotation> searchShift(const View &first, const View &second)
+std::optional<Rotation> searchShift(const TrackedView &first, const TrackedView &second)
 {
     const WorkingPicture &one = *first.picture;
     const WorkingPicture &other = *second.picture;

@@ -15,6 +15,6 @@ constexpr double kShiftReach = 0.2;
 /// Looks, much reduced, for what both views show when tracking does not find it near where it
 /// should be: the head was further off. Returns the rotation that \a second has if it is there; it
 /// wants to be verified. Nothing when nowhere is like enough.
-std::optional<Rotation> searchShift(const View &first, const View &second);
+std::optional<Rotation> searchShift(const TrackedView &first, const TrackedView &second);
 
 } // namespace align

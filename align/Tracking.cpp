@@ -96,7 +96,7 @@ std::vector<const Corner *> soughtCorners(const WorkingPicture &picture, const c
 }
 
 /// How many corners of \a view lie where \a other shows them.
-int cornersShown(const View &view, const View &other)
+int cornersShown(const TrackedView &view, const TrackedView &other)
 {
     const Lens from = view.picture->lensHere(view.lens);
     const Lens to = other.picture->lensHere(other.lens);
@@ -145,7 +145,7 @@ void follow(const cv::Mat &from, const cv::Mat &to, const std::vector<cv::Point2
 }
 
 /// Finds corners of \a first in \a second.
-Tracked tracked(const View &first, const View &second)
+Tracked tracked(const TrackedView &first, const TrackedView &second)
 {
     const WorkingPicture &one = *first.picture;
     const WorkingPicture &other = *second.picture;
@@ -193,7 +193,7 @@ Tracked tracked(const View &first, const View &second)
 
 } // namespace
 
-Tracked track(const View &first, const View &second)
+Tracked track(const TrackedView &first, const TrackedView &second)
 {
     const int corners[2] = {cornersShown(first, second), cornersShown(second, first)};
     // Of what one picture shows, another that is overexposed may not have kept much.

@@ -9,7 +9,7 @@
 namespace align {
 
 /// One picture of a pair: what is seen, through which lens (of the stored picture), and from where.
-struct View {
+struct TrackedView {
     const WorkingPicture *picture = nullptr;
     Lens lens;
     Rotation rotation;
@@ -26,7 +26,7 @@ struct Tracked {
 
 /// Finds corners of one view in the other, which is turned into the first one's frame for it; they
 /// are found when they lie within some 30 working pixels of where the rotations say.
-Tracked track(const View &first, const View &second);
+Tracked track(const TrackedView &first, const TrackedView &second);
 
 /// Parts of the first one's area, 0 to 1, that the second shows by the rotations.
 double overlapOf(const Lens &first, const QSize &firstSize, const Rotation &firstRotation,

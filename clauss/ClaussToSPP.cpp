@@ -9,7 +9,7 @@
 #include "geometry/Median.h"
 #include "geometry/ProximityLinks.h"
 #include "host/ImageInfo.h"
-#include "reader/HeadFile.h"
+#include "reader/OpenHeadFile.h"
 
 #include <algorithm>
 #include <cmath>

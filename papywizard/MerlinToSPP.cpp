@@ -6,7 +6,7 @@
 #include "geometry/Angle.h"
 #include "geometry/DirectionLinks.h"
 #include "papywizard/ShootingFile.h"
-#include "reader/HeadFile.h"
+#include "reader/OpenHeadFile.h"
 
 #include <algorithm>
 

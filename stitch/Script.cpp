@@ -16,19 +16,8 @@ QByteArray number(double value)
 
 QByteArray canvasLine(const Frame &frame, double outputExposure, bool radiance)
 {
-    QByteArray line = "p f" + QByteArray::number(int(frame.projection));
-    line += " w" + QByteArray::number(frame.canvas.width());
-    line += " h" + QByteArray::number(frame.canvas.height());
-    line += " v" + QByteArray::number(frame.angle);
-    line += " E" + number(outputExposure) + (radiance ? " R1" : " R0");
-    const QRect &crop = frame.crop;
-    if (crop.size() != frame.canvas) {
-        line += " S" + QByteArray::number(crop.left());
-        line += ',' + QByteArray::number(crop.left() + crop.width());
-        line += ',' + QByteArray::number(crop.top());
-        line += ',' + QByteArray::number(crop.top() + crop.height());
-    }
-    return line + " n\"TIFF_m c:LZW r:CROP\"\nm g1 i0 f0 m2 p0.00784314\n";
+    return canvasLines(
+        {frame.angle, frame.canvas, frame.crop}, int(frame.projection), outputExposure, radiance);
 }
 
 /// \a owner is the earlier picture of the same lens whose vignetting this one shares; -1: none.
