@@ -2,17 +2,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "clauss/ClaussScript.h"
+#include "fuzz/Require.h"
 
 #include <cmath>
-#include <cstdlib>
+#include <cstddef>
+#include <cstdint>
 
 namespace {
-
-void require(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
 
 /// Reads \a bytes and returns the number of shots.
 int check(const QByteArray &bytes, bool fullAngles)

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The ZPanoHead authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "fuzz/Require.h"
 #include "papywizard/MerlinToSPP.h"
 #include "papywizard/ShootingChecks.h"
 #include "papywizard/ShootingFile.h"
@@ -9,15 +10,8 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 
 namespace {
-
-void demand(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
 
 /// More links than text is no fault of the reader's.
 constexpr int kFewPictures = 50;
@@ -37,9 +31,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const bool accepted
         = readShooting(buffer, shooting, [&findings](const Finding &) { ++findings; });
 
-    demand(accepted || (findings == 1 && shooting.shots.isEmpty() && shooting.focal == -1.0));
+    require(accepted || (findings == 1 && shooting.shots.isEmpty() && shooting.focal == -1.0));
     for (const PapywizardShot &shot : qAsConst(shooting.shots))
-        demand(std::isfinite(shot.yaw) && std::isfinite(shot.pitch) && shot.roll == 0);
+        require(std::isfinite(shot.yaw) && std::isfinite(shot.pitch) && shot.roll == 0);
 
     const int pictures = qMin(kFewPictures, shooting.shots.size());
     shootingWarning({shooting, shooting.shots.size(), pictures, {35, 0}});
@@ -49,7 +43,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     converter.Convert(paths, -1, -1);
     for (const ProjectLink &link : qAsConst(converter.Record().links)) {
         for (const int index : link.indices)
-            demand(index >= 0 && index < converter.Record().groups.size());
+            require(index >= 0 && index < converter.Record().groups.size());
     }
     return 0;
 }
