@@ -72,18 +72,3 @@ QImage plainImage(const QSize &size, Qt::GlobalColor colour)
     image.fill(colour);
     return image;
 }
-
-QByteArray fileContent(const QString &path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("%s cannot be read", qUtf8Printable(path));
-    return file.readAll();
-}
-
-void writeFile(const QString &path, const QByteArray &content)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-        qFatal("%s cannot be written", qUtf8Printable(path));
-}

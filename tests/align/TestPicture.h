@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "tests/support/Files.h"
+
 #include <QByteArray>
 #include <QImage>
 #include <QSize>
@@ -26,6 +28,3 @@ QByteArray jpegBytes(const QImage &image);
 /// and the JPEG \a preview instead of pixels that Qt could read.
 QByteArray rawFile(const QByteArray &preview, const QSize &size, int orientation = 1);
 QImage plainImage(const QSize &size, Qt::GlobalColor colour = Qt::gray);
-
-QByteArray fileContent(const QString &path);
-void writeFile(const QString &path, const QByteArray &content);

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "align/OutputFile.h"
-#include "tests/align/TestPicture.h"
+#include "tests/support/Files.h"
 #include "tests/support/Table.h"
 
 #include <QDir>

@@ -3,13 +3,12 @@
 
 #include "align/PtoProject.h"
 #include "geometry/Angle.h"
-#include "tests/align/TestPicture.h"
+#include "tests/support/Files.h"
+#include "tests/support/Program.h"
 #include "tests/support/Table.h"
 
 #include <QDebug>
-#include <QProcess>
 #include <QRegularExpression>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <cmath>
 #include <limits>
@@ -106,23 +105,6 @@ QString variables(const QString &text, const char *first = "")
         .join(QLatin1Char(','));
 }
 
-struct Output {
-    int exitCode = -1;
-    QString text;
-};
-
-Output run(const char *tool, const QStringList &arguments, const QByteArray &input = {})
-{
-    QProcess process;
-    process.setProcessChannelMode(QProcess::MergedChannels);
-    process.start(QLatin1String(tool), arguments);
-    process.write(input);
-    process.closeWriteChannel();
-    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit)
-        return {};
-    return {process.exitCode(), QString::fromUtf8(process.readAll())};
-}
-
 } // namespace
 
 Q_DECLARE_METATYPE(ProjectRecord)
@@ -132,14 +114,6 @@ class tst_PtoProject : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase()
-    {
-        for (const char *tool : {"checkpto", "pano_trafo"}) {
-            if (QStandardPaths::findExecutable(QLatin1String(tool)).isEmpty())
-                QFAIL("The Hugin tools (package hugin-tools) are needed to check projects");
-        }
-    }
-
     void wholeText()
     {
         ProjectRecord record = recordOf(2, 2, 30);
@@ -400,11 +374,10 @@ private slots:
         const QString text = project(record, tableOf(record, picture));
         writeFile(path, text.toUtf8());
 
-        const Output check = run("checkpto", {path});
-        QVERIFY2(check.exitCode >= 0 && check.exitCode != 255, qUtf8Printable(check.text));
-        QVERIFY2(
-            check.text.contains(QStringLiteral("\n%1 images\n").arg(linesOf(text, 'i').size())),
-            qUtf8Printable(check.text));
+        const int images = linesOf(text, 'i').size();
+        const Run check = run("checkpto", {path});
+        QVERIFY2(check.code >= 0 && check.code != 255, check.err);
+        QVERIFY2(check.out.contains('\n' + QByteArray::number(images) + " images\n"), check.out);
 
         // The canvas against what the tools themselves make of the borders.
         const QString canvasLine = linesOf(text, 'p').value(0);
@@ -422,11 +395,11 @@ private slots:
                 + y + '\n' + QByteArray::number(picture.size.width()) + ' ' + y + '\n';
         }
         QRectF found;
-        for (int i = 0; i < linesOf(text, 'i').size(); ++i) {
-            const Output trafo = run("pano_trafo", {path, QString::number(i)}, border);
-            QCOMPARE(trafo.exitCode, 0);
-            for (const QString &line : trafo.text.split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
-                const QStringList point = line.split(QLatin1Char(' '));
+        for (int i = 0; i < images; ++i) {
+            const Run trafo = run("pano_trafo", {path, QString::number(i)}, {{}, border});
+            QVERIFY2(trafo.code == 0 && trafo.err.isEmpty(), trafo.err);
+            for (const QByteArray &line : trafo.out.trimmed().split('\n')) {
+                const QList<QByteArray> point = line.split(' ');
                 found |= QRectF(point[0].toDouble(), point[1].toDouble(), 1e-9, 1e-9);
             }
         }

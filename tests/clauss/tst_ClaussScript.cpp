@@ -4,6 +4,7 @@
 #include "clauss/ClaussScript.h"
 #include "clauss/ClaussToSPP.h"
 #include "tests/clauss/LiteralScript.h"
+#include "tests/support/Files.h"
 #include "tests/support/Table.h"
 
 #include <QRandomGenerator>
@@ -270,11 +271,7 @@ private slots:
         QFETCH(const QString, shots);
 
         QTemporaryDir folder;
-        const QString path = folder.filePath(QStringLiteral("skript \u00e4.TXT"));
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        QCOMPARE(file.write(bytes), bytes.size());
-        file.close();
+        const QString path = writeFile(folder.filePath(QStringLiteral("skript \u00e4.TXT")), bytes);
 
         ClaussToSPP converter;
         converter.SetFullAngles(fullAngles);

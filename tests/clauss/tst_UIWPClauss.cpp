@@ -5,6 +5,7 @@
 
 #include "clauss/UIWPClauss.h"
 #include "tests/support/FakeHost.h"
+#include "tests/support/Files.h"
 #include "tests/support/PageDriver.h"
 #include "tests/support/RecordDump.h"
 #include "tests/support/Table.h"
@@ -76,7 +77,7 @@ private slots:
         QFETCH(bool, hasShots);
         const QString bad = m_folder->filePath(name);
         if (hasShots)
-            makeFile(bad, "op_shoot\nop_h-angle=3x\nop_shoot\n");
+            writeFile(bad, "op_shoot\nop_h-angle=3x\nop_shoot\n");
         PageDriver driver(new UIWPClauss);
         driver.drop(makePictures(m_folder->path(), 2)
             + QStringList(makeScript(script({{0, -30}, {40, 45}}))));
@@ -229,7 +230,7 @@ private:
     QString path(const char *name) const { return m_folder->filePath(QLatin1String(name)); }
     QString makeScript(const QByteArray &content, const char *name = "a.txt") const
     {
-        return makeFile(path(name), content);
+        return writeFile(path(name), content);
     }
 
     std::unique_ptr<QTemporaryDir> m_folder;

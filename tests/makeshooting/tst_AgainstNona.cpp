@@ -8,11 +8,11 @@
 #include "apps/makeshooting/Rendering.h"
 #include "apps/makeshooting/Studio.h"
 #include "apps/makeshooting/Truth.h"
+#include "tests/support/Files.h"
+#include "tests/support/Program.h"
 #include "tests/support/Table.h"
 
-#include <QDir>
-#include <QProcess>
-#include <QStandardPaths>
+#include <QFile>
 #include <QTemporaryDir>
 #include <array>
 #include <cmath>
@@ -112,19 +112,13 @@ Match compare(const QImage &remapped, const QImage &scene)
 /// The worst match among the first \a count pictures, as nona lays them by \a project in \a folder.
 Match worstMatch(int count, const QByteArray &project, const QImage &scene, const QString &folder)
 {
-    QFile file(folder + QStringLiteral("/project.pto"));
-    if (!file.open(QIODevice::WriteOnly) || file.write(project) != project.size())
-        qFatal("cannot write %s", qPrintable(file.fileName()));
-    file.close();
-    QStringList arguments
-        = QStringLiteral("-m PNG_m -o remapped project.pto").split(QLatin1Char(' '));
+    writeFile(folder + QStringLiteral("/project.pto"), project);
+    QStringList arguments = words("-m PNG_m -o remapped project.pto");
     for (int i = 0; i < count; ++i)
         arguments << QStringLiteral("-i") << QString::number(i);
-    QProcess nona;
-    nona.setWorkingDirectory(folder);
-    nona.start(QStringLiteral("nona"), arguments);
-    if (!nona.waitForFinished(120000) || nona.exitCode() != 0)
-        qFatal("nona: %s", nona.readAllStandardError().constData());
+    const Run nona = run("nona", arguments, {folder});
+    if (nona.code != 0)
+        qFatal("nona: %s", nona.err.constData());
 
     Match worst;
     worst.pixels = scene.width() * scene.height();
@@ -161,12 +155,6 @@ class TstAgainstNona : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase()
-    {
-        QVERIFY2(!QStandardPaths::findExecutable(QStringLiteral("nona")).isEmpty(),
-            "nona is missing: install hugin-tools");
-    }
-
     void picturesLieOnTheScene_data()
     {
         // The signs are fields that the row must notice when their sign is wrong.
@@ -191,8 +179,7 @@ private slots:
         const QTemporaryDir folder;
         const QString command = QStringLiteral(
             "makeshooting --rows 2 --columns 2 --full-turn --size 300x200 --output %1 %2");
-        const CommandLine line
-            = parseCommandLine(command.arg(folder.path(), arguments).split(QLatin1Char(' ')));
+        const CommandLine line = parseCommandLine(words(command.arg(folder.path(), arguments)));
         QCOMPARE(line.error, QString());
         const Shooting shooting = planShooting(line.shooting);
         QCOMPARE(writeShooting(shooting, folder.path(), 0), QString());

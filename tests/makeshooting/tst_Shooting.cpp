@@ -8,7 +8,8 @@
 #include "apps/makeshooting/Truth.h"
 #include "clauss/ClaussToSPP.h"
 #include "papywizard/MerlinToSPP.h"
-#include "tests/align/TestPicture.h"
+#include "tests/support/Files.h"
+#include "tests/support/Program.h"
 #include "tests/support/Table.h"
 
 #include <QDir>
@@ -16,7 +17,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QRandomGenerator>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -29,8 +29,7 @@ namespace {
 
 CommandLine lineOf(const Text &arguments)
 {
-    return parseCommandLine(
-        (QStringLiteral("makeshooting ") + arguments).split(QLatin1Char(' '), Qt::SkipEmptyParts));
+    return parseCommandLine(words(QStringLiteral("makeshooting ") + arguments));
 }
 
 Shooting planned(const Text &arguments)
@@ -533,30 +532,24 @@ private slots:
     void programRefusesToMixShootings()
     {
         const QTemporaryDir folder;
-        const auto run = [](const Text &arguments, const QString &named = {}) {
-            QProcess program;
-            program.setProcessChannelMode(QProcess::MergedChannels);
-            program.start(QStringLiteral(MAKESHOOTING),
-                (QLatin1String("--size 60x40 --rows 1 --columns 2 ") + arguments)
-                    .split(QLatin1Char(' ')));
-            program.waitForFinished(60000);
-            const bool isNamed = QString::fromLocal8Bit(program.readAll()).contains(named);
-            return isNamed ? program.exitCode() : -1;
+        const auto make = [](const QString &arguments) {
+            return run(MAKESHOOTING, words("--size 60x40 --rows 1 --columns 2") + words(arguments));
         };
         const QString place = folder.filePath(QStringLiteral("new/one"));
         const QString first = place + QStringLiteral("/IMG_0001.jpg");
-        QCOMPARE(run(QLatin1String("--output ") + place), 0);
+        QCOMPARE(make(QStringLiteral("--output ") + place).failure(), QByteArray());
         QCOMPARE(filesIn(place).size(), 2 + 3);
         writeFile(first, "precious");
-        QCOMPARE(run(QLatin1String("--output ") + place, place), 1);
+        const Run mixed = make(QStringLiteral("--output ") + place);
+        QVERIFY2(mixed.code == 1 && mixed.err.contains(place.toUtf8()), mixed.err);
         QCOMPARE(fileContent(first), QByteArray("precious"));
-        QCOMPARE(run(QLatin1String("--force --output ") + place), 0);
+        QCOMPARE(make(QStringLiteral("--force --output ") + place).failure(), QByteArray());
         QVERIFY(fileContent(first) != "precious");
 
-        const QString file = folder.filePath(QStringLiteral("file"));
-        writeFile(file, "a file");
-        QCOMPARE(run(QLatin1String("--output ") + file, file), 1);
-        QCOMPARE(run("--focal x"), 2);
+        const QString file = writeFile(folder.filePath(QStringLiteral("file")), "a file");
+        const Run onFile = make(QStringLiteral("--output ") + file);
+        QVERIFY2(onFile.code == 1 && onFile.err.contains(file.toUtf8()), onFile.err);
+        QCOMPARE(make(QStringLiteral("--focal x")).code, 2);
     }
 };
 

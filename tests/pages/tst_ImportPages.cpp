@@ -7,6 +7,7 @@
 #include "gigapan/UIWPGigapan.h"
 #include "papywizard/UIWPMerlin.h"
 #include "tests/support/FakeHost.h"
+#include "tests/support/Files.h"
 #include "tests/support/PageDriver.h"
 #include "tests/support/RecordDump.h"
 #include "vrdrive2/UIWPVRDrive2.h"
@@ -180,7 +181,7 @@ private slots:
             return;
         const QStringList files = makePictures(m_folder->path(), 2);
         const QString last = makeHeadFile(2);
-        const QString first = makeFile(
+        const QString first = writeFile(
             path(QStringLiteral("first.") + QFileInfo(last).suffix().toLower()), m_head.file(9));
         const QStringList kept = m_head.sortsPictures ? files : QStringList{files[1], files[0]};
         host().imagesDirectory = m_folder->path();
@@ -271,7 +272,7 @@ private slots:
 
         if (!hasFile())
             return;
-        driver.drop({makeFile(
+        driver.drop({writeFile(
             path(folder + QLatin1Char('/') + QLatin1String(m_head.fileName)), m_head.file(1))});
         host().imagesDirectory.clear();
         QCOMPARE(
@@ -581,7 +582,7 @@ private:
 
 QString tst_ImportPages::makeHeadFile(int shots) const
 {
-    return makeFile(path(QLatin1String(m_head.fileName)), m_head.file(shots));
+    return writeFile(path(QLatin1String(m_head.fileName)), m_head.file(shots));
 }
 
 void tst_ImportPages::complete(const PageDriver &driver, int count) const

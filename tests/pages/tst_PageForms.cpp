@@ -7,6 +7,7 @@
 #include "gigapan/UIWPGigapan.h"
 #include "papywizard/UIWPMerlin.h"
 #include "tests/support/FakeHost.h"
+#include "tests/support/Files.h"
 #include "tests/support/PageDriver.h"
 #include "tests/support/Table.h"
 #include "vrdrive2/UIWPVRDrive2.h"
@@ -349,8 +350,8 @@ private slots:
         QFETCH(QStringList, texts);
         QTemporaryDir folder;
         const QString file
-            = makeFile(folder.filePath(kind == Kind::Clauss ? QStringLiteral("s.txt")
-                                                            : QStringLiteral("s.xml")),
+            = writeFile(folder.filePath(kind == Kind::Clauss ? QStringLiteral("s.txt")
+                                                             : QStringLiteral("s.xml")),
                 kind == Kind::Clauss ? "op_h-angle=bad\n"
                                      : "<p><shoot><pict/></shoot><header><camera>"
                                        "<bracketing nbPicts='3'/></camera></header></p>");

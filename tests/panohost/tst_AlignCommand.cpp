@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "align/RecordJson.h"
+#include "tests/support/Files.h"
+#include "tests/support/Program.h"
 #include "tests/support/Table.h"
 
 #include <QDir>
@@ -9,30 +11,8 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <csignal>
-
-namespace {
-
-struct Output {
-    int exitCode = -1;
-    QByteArray text;
-    QByteArray complaints;
-};
-
-QStringList words(const QString &text)
-{
-    return text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
-}
-
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-} // namespace
 
 class tst_AlignCommand : public QObject {
     Q_OBJECT
@@ -42,49 +22,40 @@ class tst_AlignCommand : public QObject {
     QString path(const Text &name) const { return m_folder.filePath(name); }
 
     /// Runs "panohost align" in the folder.
-    Output align(const Text &arguments) const
+    Run align(const Text &arguments) const
     {
-        QProcess process;
-        process.setWorkingDirectory(m_folder.path());
-        process.start(
-            QStringLiteral(PANOHOST), QStringList(QStringLiteral("align")) + words(arguments));
-        process.waitForFinished(60'000);
-        return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-            process.readAllStandardOutput(), process.readAllStandardError()};
+        return run(PANOHOST, words(QStringLiteral("align ") + arguments), {m_folder.path()});
     }
 
-    bool make(const Text &name, const Text &arguments) const
+    void shoot(const Text &arguments) const
     {
-        return QProcess::execute(QStringLiteral(MAKESHOOTING),
-                   words(arguments) + QStringList{QStringLiteral("--output"), path(name)})
-            == 0;
+        QCOMPARE(run(MAKESHOOTING, words(arguments), {m_folder.path()}).failure(), QByteArray());
     }
 
 private slots:
     void initTestCase()
     {
-        QVERIFY(
-            make("shooting", "--rows 2 --columns 3 --focal 24 --size 360x240 --head-error 0.3"));
+        shoot("--output shooting --rows 2 --columns 3 --focal 24 --size 360x240 --head-error 0.3");
     }
 
     void report()
     {
         const QString arguments = QStringLiteral(
             "papywizard --config shooting/shooting.xml --output a.pto --record a.json shooting");
-        const Output text = align(arguments);
-        QVERIFY2(text.exitCode == 0, text.complaints.constData());
-        QVERIFY2(text.text.startsWith("6 pictures, 6 joined\n"), text.text.constData());
-        QVERIFY(text.text.contains("focal length "));
-        const QByteArray project = contentOf(path("a.pto"));
+        const Run text = align(arguments);
+        QCOMPARE(text.failure(), QByteArray());
+        QVERIFY2(text.out.startsWith("6 pictures, 6 joined\n"), text.out);
+        QVERIFY(text.out.contains("focal length "));
+        const QByteArray project = fileContent(path("a.pto"));
         QVERIFY(project.contains("\nc n0 N1 "));
         QVERIFY(project.contains(" n\"shooting/IMG_0001.jpg\""));
         QVERIFY(!QFile::exists(path("a.pto.matches")));
 
         // Nothing is written over unasked.
-        QCOMPARE(align(arguments).exitCode, 1);
-        const Output json = align(arguments + QLatin1String(" --force --json --keep"));
-        QCOMPARE(json.exitCode, 0);
-        const QJsonObject report = QJsonDocument::fromJson(json.text).object();
+        QCOMPARE(align(arguments).code, 1);
+        const Run json = align(arguments + QLatin1String(" --force --json --keep"));
+        QCOMPARE(json.failure(), QByteArray());
+        const QJsonObject report = QJsonDocument::fromJson(json.out).object();
         QCOMPARE(report.keys().join(QLatin1Char(' ')),
             QStringLiteral("distortion focal head_error_deg held joined parts pictures residual_px "
                            "seconds suspect"));
@@ -98,59 +69,50 @@ private slots:
         QVERIFY(head.value(QLatin1String("worst")).toDouble() < 2);
         QVERIFY(report.value(QLatin1String("seconds")).toObject().size() >= 2);
         QVERIFY(QFile::exists(path("a.pto.matches")));
-        QCOMPARE(contentOf(path("a.pto")), project);
+        QCOMPARE(fileContent(path("a.pto")), project);
 
-        const Output again = align("--record-in a.json --output b.pto");
-        QCOMPARE(again.exitCode, 0);
-        QCOMPARE(contentOf(path("b.pto")), project);
-        const Output longer = align("--record-in a.json --focal 25 --output b.pto --force --json");
-        const double found = QJsonDocument::fromJson(longer.text)
-                                 .object()
-                                 .value(QLatin1String("focal"))
-                                 .toDouble();
-        QVERIFY2(qAbs(found - 24) < 0.05, longer.text.constData());
+        QCOMPARE(align("--record-in a.json --output b.pto").failure(), QByteArray());
+        QCOMPARE(fileContent(path("b.pto")), project);
+        const Run longer = align("--record-in a.json --focal 25 --output b.pto --force --json");
+        const QJsonObject found = QJsonDocument::fromJson(longer.out).object();
+        QVERIFY2(qAbs(found.value(QLatin1String("focal")).toDouble() - 24) < 0.05, longer.out);
     }
 
     void fisheyeRecordsWithoutFocal()
     {
         // Such a record leaves the lens to the pictures, and so it is with a focal length given.
-        QVERIFY(make("fisheye",
-            "--lens fisheye --format clauss --rows 1 --columns 4 --full-turn "
-            "--focal 12 --size 360x240"));
-        const Output first = align("clauss --config fisheye/script.txt --output f.pto "
-                                   "--record f.json fisheye");
-        QVERIFY2(first.exitCode == 0, first.complaints.constData());
-        const Output second = align("--record-in f.json --focal 12.2 --output g.pto");
-        QVERIFY2(second.text.startsWith("4 pictures, 4 joined\n"), second.text.constData());
-        QVERIFY(contentOf(path("g.pto")).contains(" f3 "));
+        shoot("--output fisheye --lens fisheye --format clauss --rows 1 --columns 4 --full-turn "
+              "--focal 12 --size 360x240");
+        const Run first = align("clauss --config fisheye/script.txt --output f.pto "
+                                "--record f.json fisheye");
+        QCOMPARE(first.failure(), QByteArray());
+        const Run second = align("--record-in f.json --focal 12.2 --output g.pto");
+        QVERIFY2(second.out.startsWith("4 pictures, 4 joined\n"), second.out);
+        QVERIFY(fileContent(path("g.pto")).contains(" f3 "));
     }
 
     void interrupted()
     {
-        // Told to end at once, it leaves nothing that looks done, and the next run goes on.
-        QProcess process;
-        process.setWorkingDirectory(m_folder.path());
-        process.start(QStringLiteral(PANOHOST),
-            words(QStringLiteral(
-                "align papywizard --config shooting/shooting.xml --output c.pto shooting")));
-        QVERIFY(process.waitForStarted());
-        const QString cache = path("c.pto.matches");
-        while (!QFile::exists(cache) && process.state() == QProcess::Running)
-            process.waitForFinished(1);
-        // A process that has ended has no number, and 0 would mean all who run this test.
-        if (process.processId() > 0)
-            ::kill(static_cast<pid_t>(process.processId()), SIGINT);
-        QVERIFY(process.state() == QProcess::NotRunning || process.waitForFinished());
-        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
-        QCOMPARE(process.exitCode() == 0, QFile::exists(path("c.pto")));
-        if (process.exitCode() != 0)
-            QVERIFY(process.readAllStandardError().contains(
-                "interrupted; what was found so far is kept in "));
-        QCOMPARE(align("papywizard --config shooting/shooting.xml --output c.pto --force shooting")
-                     .exitCode,
-            0);
-        QVERIFY(!QFile::exists(cache));
-        QCOMPARE(contentOf(path("c.pto")), contentOf(path("a.pto")));
+        // Told to end at once, it leaves nothing that looks done, and the next run goes on. So many
+        // pictures so far from their places take seconds, and a signal comes sooner.
+        shoot("--output sphere --sphere --focal 60 --overlap 40 --size 120x80 --head-error 3");
+        const QString import
+            = QStringLiteral("papywizard --config sphere/shooting.xml sphere --output ");
+        RunningProgram program(
+            PANOHOST, words(QStringLiteral("align %1c.pto").arg(import)), {m_folder.path()});
+        const auto isMatching = [&program] { return program.complaints().contains("matching, "); };
+        QVERIFY2(program.await(isMatching), program.complaints());
+        program.signal(SIGINT);
+        const Run ended = program.wait();
+        QCOMPARE(ended.code, 1);
+        QVERIFY2(ended.err.contains("interrupted; what was found so far is kept in "), ended.err);
+        QVERIFY(!QFile::exists(path("c.pto")));
+        QVERIFY(QFile::exists(path("c.pto.matches")));
+
+        QCOMPARE(align(import + QLatin1String("c.pto")).failure(), QByteArray());
+        QVERIFY(!QFile::exists(path("c.pto.matches")));
+        QCOMPARE(align(import + QLatin1String("whole.pto")).failure(), QByteArray());
+        QCOMPARE(fileContent(path("c.pto")), fileContent(path("whole.pto")));
     }
 
     void wrongUsage_data()
@@ -170,9 +132,9 @@ private slots:
     {
         QFETCH(QString, arguments);
         QFETCH(QByteArray, complaint);
-        const Output output = align(arguments);
-        QTEST(output.exitCode, "exitCode");
-        QVERIFY2(output.complaints.contains(complaint), output.complaints.constData());
+        const Run run = align(arguments);
+        QTEST(run.code, "exitCode");
+        QVERIFY2(run.err.contains(complaint), run.err);
         QVERIFY(!QFile::exists(path("d.pto")));
     }
 };

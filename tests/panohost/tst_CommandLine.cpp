@@ -3,12 +3,13 @@
 
 #include "align/RecordJson.h"
 #include "tests/align/TestPicture.h"
+#include "tests/support/Files.h"
+#include "tests/support/Program.h"
 #include "tests/support/RecordDump.h"
 #include "tests/support/Table.h"
 
 #include <QDir>
 #include <QDirIterator>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <memory>
@@ -16,12 +17,6 @@
 #include <unistd.h>
 
 namespace {
-
-struct Run {
-    int exitCode = -1;
-    QString out;
-    QString err;
-};
 
 QString shootingXml(int shots, const QString &header = {})
 {
@@ -37,11 +32,6 @@ QString shootingXml(int shots, const QString &header = {})
 
 const QString kLens20 = QStringLiteral("<lens type=\"rectilinear\"><focal>20</focal></lens>");
 const QString kThree = QStringLiteral("<camera><bracketing nbPicts=\"3\"/></camera>");
-
-QStringList words(const Text &text)
-{
-    return text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
-}
 
 /// The lines of \a record's dump that differ from a fresh record's, apart from its pictures.
 QString told(const ProjectRecord &record)
@@ -114,15 +104,15 @@ private slots:
         QFETCH(QString, arguments);
         QFETCH(QString, expected);
         const Run run = panohost(words(arguments));
-        QCOMPARE(run.err, QString());
-        QCOMPARE(run.exitCode, 0);
+        QCOMPARE(run.err, QByteArray());
+        QCOMPARE(run.code, 0);
         const QRegularExpression pattern(expected, QRegularExpression::DotMatchesEverythingOption);
-        QVERIFY2(pattern.match(run.out).hasMatch(), qUtf8Printable(run.out));
+        QVERIFY2(pattern.match(QString::fromUtf8(run.out)).hasMatch(), run.out);
     }
 
     void wrongUsage_data()
     {
-        const Table<QString, QString> row("arguments", "cause");
+        const Table<QString, QByteArray> row("arguments", "cause");
         row("heads all", "heads takes nothing");
         row("weave", "no command \"weave\"");
         row("import", "no head is named");
@@ -173,20 +163,19 @@ private slots:
     void wrongUsage()
     {
         QFETCH(QString, arguments);
-        QFETCH(QString, cause);
+        QFETCH(QByteArray, cause);
         const QStringList before = everything();
         const Run run = panohost(words(arguments));
-        QCOMPARE(run.exitCode, 2);
-        QCOMPARE(run.out, QString());
-        QVERIFY2(run.err.startsWith(QLatin1String("panohost: ")) && run.err.contains(cause),
-            qUtf8Printable(run.err));
+        QCOMPARE(run.code, 2);
+        QCOMPARE(run.out, QByteArray());
+        QVERIFY2(run.err.startsWith("panohost: ") && run.err.contains(cause), run.err);
         QCOMPARE(everything(), before);
     }
 
     void records_data()
     {
         // A remark of "*" is not looked at.
-        const Table<QString, QString, QString> row("arguments", "expected", "remark");
+        const Table<QString, QString, QByteArray> row("arguments", "expected", "remark");
         const auto six = [](const char *angle) {
             return QStringLiteral(" %1").arg(QLatin1String(angle)).repeated(6);
         };
@@ -210,7 +199,6 @@ private slots:
         papywizard("bare.xml bare --focal 35.12345", usual("35.1230011"));
         papywizard("shooting.xml pics --focal 30 --focal 31", usual("31"));
         papywizard("shooting.xml pics --lens fisheye", usual("24; lensType: 1"));
-        // The mean of what the pictures tell, those without a focal length included.
         // The mean of what the pictures tell, those without a focal length included.
         papywizard("shooting.xml pics/1.jpg pics/2.jpg bare/3.jpg bare/4.jpg bare/5.jpg bare/6.jpg",
             usual("8"));
@@ -281,19 +269,18 @@ private slots:
     void records()
     {
         QFETCH(QString, arguments);
-        QFETCH(QString, remark);
+        QFETCH(QByteArray, remark);
         Run run;
         const auto record = recordFrom(words(arguments), &run);
-        QVERIFY2(record, qUtf8Printable(run.err));
+        QVERIFY2(record, run.err);
         QTEST(told(*record), "expected");
-        if (remark != QLatin1String("*"))
-            QVERIFY2(remark.isEmpty() ? run.err.isEmpty() : run.err.contains(remark),
-                qUtf8Printable(run.err));
+        if (remark != "*")
+            QVERIFY2(remark.isEmpty() ? run.err.isEmpty() : run.err.contains(remark), run.err);
     }
 
     void lensProposal_data()
     {
-        const Table<QString, QString, QString, QString> row(
+        const Table<QString, QString, QString, QByteArray> row(
             "header", "arguments", "expected", "remark");
         const char *fisheye = "<lens type='fisheye'><focal>10.5</focal></lens>";
         row("file alone", fisheye, "bare", "10.5 1",
@@ -319,7 +306,7 @@ private slots:
     {
         QFETCH(QString, header);
         QFETCH(QString, arguments);
-        QFETCH(QString, remark);
+        QFETCH(QByteArray, remark);
         QDir(m_folder->path()).mkdir(QStringLiteral("fish"));
         for (int i = 1; i <= 6; ++i)
             writeJpeg(at("fish/%1.jpg").arg(i), QSize(60, 40),
@@ -328,13 +315,12 @@ private slots:
         writeFile(at("lens.xml"), shootingXml(6, header).toUtf8());
 
         Run run;
-        const auto record = recordFrom(
-            words("papywizard --config lens.xml") + arguments.split(QLatin1Char(' ')), &run);
-        QVERIFY2(record, qUtf8Printable(run.err));
+        const auto record
+            = recordFrom(words("papywizard --config lens.xml") + words(arguments), &run);
+        QVERIFY2(record, run.err);
         QTEST(QStringLiteral("%1 %2").arg(double(record->focal), 0, 'g', 6).arg(record->lensType),
             "expected");
-        QVERIFY2(remark.isEmpty() ? run.err.isEmpty() : run.err.contains(remark),
-            qUtf8Printable(run.err));
+        QVERIFY2(remark.isEmpty() ? run.err.isEmpty() : run.err.contains(remark), run.err);
     }
 
     void pictures_data()
@@ -366,7 +352,7 @@ private slots:
         arguments.replace(QLatin1Char('@'), m_folder->path());
         Run run;
         const auto record = recordFrom(words(arguments), &run, input);
-        QVERIFY2(record, qUtf8Printable(run.err));
+        QVERIFY2(record, run.err);
         QTEST(stacksOf(*record), "expected");
         for (const QStringList &group : record->groups) {
             for (const QString &path : group)
@@ -384,10 +370,11 @@ private slots:
             QVERIFY(QFile::copy(at("pics/1.jpg"), at("n\u00e4sty dir/") + name));
         QFile::rename(at("shooting.xml"), at("n\u00e4sty dir/a shooting.xml"));
 
-        const Run run = panohost(
-            {"import", "papywizard", "--config", "n\u00e4sty dir/a shooting.xml", "--output",
-                "n\u00e4sty dir/my pano.pto", "--record=r e.json", "--", "n\u00e4sty dir"});
-        QVERIFY2(run.exitCode == 0, qUtf8Printable(run.err));
+        QCOMPARE(panohost({"import", "papywizard", "--config", "n\u00e4sty dir/a shooting.xml",
+                              "--output", "n\u00e4sty dir/my pano.pto", "--record=r e.json", "--",
+                              "n\u00e4sty dir"})
+                     .failure(),
+            QByteArray());
 
         QString error;
         const auto record = recordFromJson(fileContent(at("r e.json")), &error);
@@ -402,13 +389,8 @@ private slots:
         QCOMPARE(found, expected);
 
         // nona finds each picture by the name in the project.
-        QProcess nona;
-        nona.setWorkingDirectory(m_folder->path());
-        nona.setProcessChannelMode(QProcess::MergedChannels);
-        nona.start(
-            QStringLiteral("nona"), words("-o out -m TIFF_m") << at("n\u00e4sty dir/my pano.pto"));
-        QVERIFY(nona.waitForFinished());
-        QVERIFY2(nona.exitCode() == 0, nona.readAll().constData());
+        const QStringList arguments = words("-o out -m TIFF_m") << at("n\u00e4sty dir/my pano.pto");
+        QCOMPARE(run("nona", arguments, {m_folder->path()}).failure(), QByteArray());
         QCOMPARE(QDir(m_folder->path()).entryList({QStringLiteral("out*.tif")}).size(), 6);
     }
 
@@ -493,13 +475,13 @@ private slots:
             == 0);
         const QStringList before = everything();
 
-        const Run run = panohost(QStringList(QStringLiteral("import")) + words(arguments));
+        const Run run = panohost(words("import") + words(arguments));
 
-        QCOMPARE(run.exitCode, 1);
-        QCOMPARE(run.out, QString());
+        QCOMPARE(run.code, 1);
+        QCOMPARE(run.out, QByteArray());
         for (QString cause : causes) {
             cause.replace(QLatin1Char('@'), m_folder->path());
-            QVERIFY2(run.err.contains(cause), qUtf8Printable(cause + QLatin1Char('\n') + run.err));
+            QVERIFY2(run.err.contains(cause.toUtf8()), cause.toUtf8() + '\n' + run.err);
         }
         QCOMPARE(everything(), before);
     }
@@ -511,10 +493,10 @@ private slots:
         const Run run
             = panohost(words("import papywizard --config shooting.xml --output a.pto --record "
                              "a.json --force pics"));
-        QVERIFY2(run.exitCode == 0, qUtf8Printable(run.err));
+        QCOMPARE(run.failure(), QByteArray());
         QVERIFY(fileContent(at("a.pto")).contains("n\"pics/1.jpg\""));
         QVERIFY(fileContent(at("a.json")).startsWith("{\n\"groups\": [[\""));
-        QCOMPARE(run.out, QStringLiteral("a.pto: 6 locations, 6 pictures, 9 links\n"));
+        QCOMPARE(run.out, QByteArray("a.pto: 6 locations, 6 pictures, 9 links\n"));
     }
 
     void findingsAreNamed()
@@ -525,12 +507,12 @@ private slots:
             "<pict><time>2014-02-23_13h59m01s</time></pict><pict><time>never</time></pict>\n"
             "<pict/><pict/><pict/></shoot></a>\n");
         const Run run = panohost(words("import papywizard --config odd.xml --output a.pto pics"));
-        QCOMPARE(run.exitCode, 0);
+        QCOMPARE(run.code, 0);
         for (const char *expected : {"panohost: odd.xml:1: focal", "2o", "panohost: odd.xml:3: id",
                  "panohost: odd.xml:3: yaw", "north", "1e400"})
-            QVERIFY2(run.err.contains(QLatin1String(expected)), qUtf8Printable(run.err));
+            QVERIFY2(run.err.contains(expected), run.err);
         // Nothing comes of times.
-        QVERIFY2(!run.err.contains(QLatin1String("time")), qUtf8Printable(run.err));
+        QVERIFY2(!run.err.contains("time"), run.err);
 
         QByteArray many = "<a><shoot>\n";
         for (int i = 0; i < 6; ++i)
@@ -538,10 +520,9 @@ private slots:
         writeFile(at("many.xml"), many + "</shoot></a>");
         const Run flood
             = panohost(words("import papywizard --config many.xml --output b.pto pics"));
-        QCOMPARE(flood.exitCode, 0);
-        QCOMPARE(flood.err.count(QLatin1Char('\n')), 21);
-        QVERIFY2(
-            flood.err.contains(QLatin1String("many.xml: 24 values")), qUtf8Printable(flood.err));
+        QCOMPARE(flood.code, 0);
+        QCOMPARE(flood.err.count('\n'), 21);
+        QVERIFY2(flood.err.contains("many.xml: 24 values"), flood.err);
     }
 
     void terminalIsLeftAlone()
@@ -550,22 +531,22 @@ private slots:
         writeFile(at("list.txt"), "pics/1.jpg\ra\n");
         const Run run = panohost(words("import clauss --config red\x1b[31m.txt --pictures-from "
                                        "list.txt --output a.pto"));
-        QCOMPARE(run.exitCode, 1);
-        for (const QChar character : run.err)
+        QCOMPARE(run.code, 1);
+        for (const QChar character : QString::fromUtf8(run.err))
             QVERIFY2(character == QLatin1Char('\n') || character.category() != QChar::Other_Control,
-                run.err.toUtf8().toPercentEncoding().constData());
-        QVERIFY2(run.err.contains(QLatin1String("red\\x1b[31m.txt:1: op_h-angle=\\x1b]0;")),
-            qUtf8Printable(run.err));
+                run.err.toPercentEncoding());
+        QVERIFY2(run.err.contains("red\\x1b[31m.txt:1: op_h-angle=\\x1b]0;"), run.err);
     }
 
     void fullDisk()
     {
         for (const char *arguments : {"heads", "import --help",
                  "import papywizard --config shooting.xml --output a.pto --force pics"}) {
-            const Run run = panohost(words(arguments), {}, QStringLiteral("/dev/full"));
-            QCOMPARE(run.exitCode, 1);
-            QVERIFY2(run.err.contains(QLatin1String("standard output cannot be written")),
-                qUtf8Printable(run.err));
+            const QByteArray command = QByteArray("exec " PANOHOST " ") + arguments + " >/dev/full";
+            const Run full
+                = run("sh", {"-c", command.constData()}, {m_folder->path(), {}, bareEnvironment()});
+            QCOMPARE(full.code, 1);
+            QVERIFY2(full.err.contains("standard output cannot be written"), full.err);
         }
     }
 
@@ -578,16 +559,14 @@ private slots:
             = words("clauss --config fine.txt pics/1.jpg pics/2.jpg pics/3.jpg");
         Run run;
         const auto whole = recordFrom(arguments, &run);
-        QVERIFY2(whole, qUtf8Printable(run.err));
+        QVERIFY2(whole, run.err);
         QCOMPARE(whole->yaws, (QVector<float>{0.383972436F, 0.785398185F, 1.16937065F}));
-        QVERIFY2(run.err.contains(QLatin1String("fine.txt:3: op_h-angle=22.5"))
-                && run.err.contains(QLatin1String("2 in all"))
-                && run.err.contains(QLatin1String("--full-angles")),
-            qUtf8Printable(run.err));
+        for (const char *part : {"fine.txt:3: op_h-angle=22.5", "2 in all", "--full-angles"})
+            QVERIFY2(run.err.contains(part), run.err);
 
         const auto full = recordFrom(arguments + words("--full-angles"), &run);
-        QVERIFY2(full, qUtf8Printable(run.err));
-        QCOMPARE(run.err, QString());
+        QVERIFY2(full, run.err);
+        QCOMPARE(run.err, QByteArray());
         QCOMPARE(full->yaws, (QVector<float>{0.392699093F, 0.785398185F, 1.17809725F}));
     }
 
@@ -608,49 +587,29 @@ private:
         return list;
     }
 
-    Run panohost(
-        const Texts &arguments, const QByteArray &input = {}, const QString &output = {}) const
+    /// Without a language names are UTF-8 all the same.
+    Run panohost(const Texts &arguments, const QByteArray &input = {}) const
     {
-        // No display, and no language either: names are UTF-8 all the same.
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "LANG"})
-            environment.remove(QLatin1String(name));
-        environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C"));
-        QProcess process;
-        process.setProcessEnvironment(environment);
-        process.setWorkingDirectory(m_folder->path());
-        if (!output.isEmpty())
-            process.setStandardOutputFile(output);
-        process.start(QStringLiteral(PANOHOST), arguments);
-        process.write(input);
-        process.closeWriteChannel();
-        if (!process.waitForFinished(60'000) || process.exitStatus() != QProcess::NormalExit)
-            return {};
-        return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
-            QString::fromUtf8(process.readAllStandardError())};
+        return run(PANOHOST, arguments, {m_folder->path(), input, bareEnvironment()});
     }
 
     /// The record that an import with \a arguments writes, its own outputs added to them; nothing
-    /// when it fails. The project must be there too, and be one for the Hugin tools.
+    /// when it fails, or when the project is none for the Hugin tools: \a result is that run then.
     std::optional<ProjectRecord> recordFrom(
-        const QStringList &arguments, Run *result = nullptr, const QByteArray &input = {}) const
+        const QStringList &arguments, Run *result, const QByteArray &input = {}) const
     {
-        const QString project = at("record.pto");
-        const Run run = panohost(QStringList(QStringLiteral("import")) + arguments
-                + words("--force --output record.pto --record record.json"),
+        *result = panohost(
+            words("import") + arguments + words("--force --output record.pto --record record.json"),
             input);
-        if (result)
-            *result = run;
-        if (run.exitCode != 0)
+        if (result->code != 0)
             return std::nullopt;
+        const Run check = run("checkpto", {at("record.pto")});
+        if (check.code < 0 || check.code == 255) {
+            *result = check;
+            return std::nullopt;
+        }
         QString error;
-        auto record = recordFromJson(fileContent(at("record.json")), &error);
-        QProcess check;
-        check.start(QStringLiteral("checkpto"), {project});
-        if (!check.waitForFinished() || check.exitStatus() != QProcess::NormalExit
-            || check.exitCode() == 255)
-            return std::nullopt;
-        return record;
+        return recordFromJson(fileContent(at("record.json")), &error);
     }
 
     std::unique_ptr<QTemporaryDir> m_folder;

@@ -4,10 +4,11 @@
 #include "apps/panohost/Module.h"
 #include "apps/panohost/window/HostApplication.h"
 #include "tests/align/TestPicture.h"
+#include "tests/support/Files.h"
+#include "tests/support/Program.h"
 #include "tests/support/Table.h"
 
 #include <QDir>
-#include <QProcess>
 #include <QSettings>
 #include <QSignalSpy>
 #include <QStandardPaths>
@@ -89,10 +90,8 @@ private slots:
                                "</context></TS>")
                     .arg(context, QLatin1String(locale))
                     .toUtf8());
-            QCOMPARE(QProcess::execute(QStringLiteral(LRELEASE),
-                         {QStringLiteral("-silent"), at("a.ts"), QStringLiteral("-qm"),
-                             at("module/ZPanoHead_%1.qm").arg(QLatin1String(locale))}),
-                0);
+            const QString result = at("module/ZPanoHead_%1.qm").arg(QLatin1String(locale));
+            QCOMPARE(run(LRELEASE, {"-silent", at("a.ts"), "-qm", result}).failure(), QByteArray());
         }
         host()->LoadTranslation(asked);
         qunsetenv("ZPANOHEAD_MODULE");

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "apps/panohost/heads/Head.h"
+#include "tests/support/Files.h"
 #include "tests/support/Table.h"
 
 #include <QTemporaryDir>
@@ -115,13 +116,11 @@ private slots:
         QFETCH(const QString, expected);
 
         QTemporaryDir folder;
-        QFile file(folder.filePath(QStringLiteral("shooting")));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(head == QLatin1String("clauss") ? script(shots) : shootingXml(shots, brackets));
-        file.close();
+        const QString path = writeFile(folder.filePath(QStringLiteral("shooting")),
+            head == QLatin1String("clauss") ? script(shots) : shootingXml(shots, brackets));
 
         const std::unique_ptr<Head> import = findHead(head)->make();
-        QVERIFY(import->readFile(file.fileName(), {}));
+        QVERIFY(import->readFile(path, {}));
         PictureList list = pictures(shots, focal);
         list.facts[0].focal = oddFocal;
         QCOMPARE(import->obstacles(list, options).join(QLatin1Char('\n')), expected);

@@ -10,7 +10,9 @@
 #include "apps/panohost/window/SummaryPage.h"
 #include "apps/screenshots/WindowDriver.h"
 #include "tests/align/TestPicture.h"
+#include "tests/support/Files.h"
 #include "tests/support/Gate.h"
+#include "tests/support/Program.h"
 #include "tests/support/RecordDump.h"
 
 #include <QAbstractButton>
@@ -24,7 +26,6 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
-#include <QProcess>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QSettings>
@@ -41,11 +42,6 @@ QString quoted(const char *text)
     return QString::fromUtf8(text);
 }
 
-QStringList words(const char *text)
-{
-    return QString::fromLatin1(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
-}
-
 /// The steps of a head's own turn: columns 30 degrees apart, in rows 25 degrees apart.
 struct Angles {
     double yaw;
@@ -57,7 +53,8 @@ QVector<Angles> anglesOf(int shots, int brackets)
     QVector<Angles> angles;
     for (int shot = 0; shot < shots; ++shot) {
         const int location = shot / brackets;
-        angles.append({30.0 * (location / 3), 25.0 * (location % 3)});
+        const int column = location / 3;
+        angles.append({30.0 * column, 25.0 * (location % 3)});
     }
     return angles;
 }
@@ -242,17 +239,16 @@ QString tst_MainWindow::advice() const
 
 ProjectRecord tst_MainWindow::commandLine(const QString &head, const QStringList &arguments) const
 {
-    QProcess program;
-    program.start(QStringLiteral(PANOHOST),
-        QStringList{QStringLiteral("import"), head.toLower(), QStringLiteral("--force"),
-            QStringLiteral("--output"), at("cli.pto"), QStringLiteral("--record"), at("cli.json")}
-            + arguments);
-    program.waitForFinished(60'000);
+    const Texts outputs{"--force", "--output", at("cli.pto"), "--record", at("cli.json")};
+    const Run program
+        = run(PANOHOST, QStringList{quoted("import"), head.toLower()} + outputs + arguments);
+    if (program.code != 0)
+        qFatal("%s", program.err.constData());
     QString problem;
     const auto record = recordFromJson(fileContent(at("cli.json")), &problem);
     if (!record)
-        qWarning("%s %s", qPrintable(problem), program.readAllStandardError().constData());
-    return record.value_or(ProjectRecord());
+        qFatal("%s", qPrintable(problem));
+    return *record;
 }
 
 int tst_MainWindow::pressImport(const std::function<void(QWidget *dialog, int number)> &answer)
@@ -363,8 +359,7 @@ void tst_MainWindow::offersHeadsForFiles_data()
     const QStringList xml = all.mid(2);
     const auto row
         = [](const char *name, const char *dropped, const char *says, const QStringList &heads) {
-              QTest::newRow(name) << quoted(dropped).split(QLatin1Char(' '), Qt::SkipEmptyParts)
-                                  << quoted(says) << heads;
+              QTest::newRow(name) << words(dropped) << quoted(says) << heads;
           };
     row("shooting file", "shooting.xml", "“shooting.xml” tells of 6 shots. Which", xml);
     row("capital suffix", "SHOOTING.XML", "“SHOOTING.XML” tells of 6 shots. Which", xml);
@@ -802,11 +797,9 @@ void tst_MainWindow::opensWhatItWrote()
 void tst_MainWindow::finishesWhatItImported()
 {
     // The head is a degree off, so an aligned project is another than what was imported.
-    QProcess makeshooting;
-    makeshooting.start(QStringLiteral(MAKESHOOTING),
-        words("--rows 1 --columns 3 --size 450x300 --focal 28 --head-error 1 --output")
-            + QStringList(at("shooting")));
-    QVERIFY(makeshooting.waitForFinished() && makeshooting.exitCode() == 0);
+    QStringList shooting
+        = words("--rows 1 --columns 3 --size 450x300 --focal 28 --head-error 1 --output");
+    QCOMPARE(run(MAKESHOOTING, shooting << at("shooting")).failure(), QByteArray());
     QVERIFY(m_driver->drop({at("shooting")}));
     QVERIFY(click("Papywizard"));
     QVERIFY(m_driver->waitForPictures());

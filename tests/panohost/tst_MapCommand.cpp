@@ -2,12 +2,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "align/RecordJson.h"
+#include "tests/support/Files.h"
+#include "tests/support/Program.h"
+#include "tests/support/Table.h"
 
 #include <QDir>
 #include <QImage>
-#include <QProcess>
 #include <QTemporaryDir>
-#include <QTest>
 
 /// Runs the program in a folder with "record.json", "broken.json" and the record's one picture,
 /// "one.png".
@@ -20,8 +21,7 @@ private slots:
         m_folder = std::make_unique<QTemporaryDir>();
         ProjectRecord record;
         for (int i = 0; i < 6; ++i) {
-            record.groups.append({m_folder->filePath(
-                i == 0 ? QStringLiteral("one.png") : QStringLiteral("gone%1.jpg").arg(i))});
+            record.groups.append({i == 0 ? at("one.png") : at("gone%1.jpg").arg(i)});
             record.yaws.append(float(i) / 2);
             record.pitches.append(0);
             if (i > 0)
@@ -29,74 +29,65 @@ private slots:
         }
         QImage picture(90, 60, QImage::Format_RGB32);
         picture.fill(QColor(0, 255, 0));
-        QVERIFY(picture.save(m_folder->filePath(QStringLiteral("one.png"))));
-        write(QStringLiteral("record.json"), recordToJson(record));
-        write(QStringLiteral("broken.json"), "[1, 2");
-        write(QStringLiteral("old.png"), "old");
-        QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("folder.png")));
+        QVERIFY(picture.save(at("one.png")));
+        writeFile(at("record.json"), recordToJson(record));
+        writeFile(at("broken.json"), "[1, 2");
+        writeFile(at("old.png"), "old");
+        QVERIFY(QDir().mkdir(at("folder.png")));
         // A file of the command's name must not stand in its way.
-        write(QStringLiteral("map"), "");
+        writeFile(at("map"), "");
     }
 
     void runs_data()
     {
-        QTest::addColumn<QString>("arguments");
-        QTest::addColumn<int>("exitCode");
-        QTest::addColumn<QString>("says");
-        QTest::addColumn<int>("pngWidth");
-
-        const auto row = [](const char *name, const char *arguments, int exitCode, const char *says,
-                             int pngWidth = 0) {
-            QTest::newRow(name) << QString::fromLatin1(arguments) << exitCode
-                                << QString::fromLatin1(says) << pngWidth;
-        };
+        const Table<QString, int, QByteArray, int> row("arguments", "exitCode", "says", "pngWidth");
         row("usual width", "record.json --output map.png", 0, "", 1200);
         row("chosen width", "record.json --output map.png --width 500", 0, "", 500);
-        row("capital suffix", "record.json --output map.PNG --width 100", 0, "");
-        row("drawing", "--output map.svg record.json", 0, "");
-        row("again", "record.json --output old.png", 0, "");
-        row("help", "--help", 0, "");
+        row("capital suffix", "record.json --output map.PNG --width 100", 0, "", 0);
+        row("drawing", "--output map.svg record.json", 0, "", 0);
+        row("again", "record.json --output old.png", 0, "", 0);
+        row("help", "--help", 0, "", 0);
 
-        row("no such record", "gone.json --output map.png", 1, "gone.json: cannot be opened");
-        row("no record in the file", "broken.json --output map.png", 1, "broken.json: ");
-        row("over the record's picture", "record.json --output one.png", 1, "one.png: ");
-        row("over a folder", "record.json --output folder.png", 1, "folder.png");
-        row("into no folder", "record.json --output gone/map.png", 1, "gone/map.png");
+        row("no such record", "gone.json --output map.png", 1, "gone.json: cannot be opened", 0);
+        row("no record in the file", "broken.json --output map.png", 1, "broken.json: ", 0);
+        row("over the record's picture", "record.json --output one.png", 1, "one.png: ", 0);
+        row("over a folder", "record.json --output folder.png", 1, "folder.png", 0);
+        row("into no folder", "record.json --output gone/map.png", 1, "gone/map.png", 0);
 
-        row("nothing", "", 2, "one record is wanted");
-        row("two records", "record.json record.json --output map.png", 2, "one record is wanted");
-        row("no output", "record.json", 2, "--output");
-        row("other format", "record.json --output map.jpg", 2, "map.jpg");
-        row("no number", "record.json --output map.png --width wide", 2, "--width");
-        row("too narrow", "record.json --output map.png --width 99", 2, "--width");
-        row("too wide", "record.json --output map.png --width 2147483648", 2, "--width");
-        row("unknown option", "record.json --output map.png --colour", 2, "colour");
+        row("nothing", "", 2, "one record is wanted", 0);
+        row("two records", "record.json record.json --output map.png", 2, "one record is wanted",
+            0);
+        row("no output", "record.json", 2, "--output", 0);
+        row("other format", "record.json --output map.jpg", 2, "map.jpg", 0);
+        row("no number", "record.json --output map.png --width wide", 2, "--width", 0);
+        row("too narrow", "record.json --output map.png --width 99", 2, "--width", 0);
+        row("too wide", "record.json --output map.png --width 2147483648", 2, "--width", 0);
+        row("unknown option", "record.json --output map.png --colour", 2, "colour", 0);
     }
     void runs()
     {
         QFETCH(QString, arguments);
         QFETCH(int, exitCode);
-        QFETCH(QString, says);
+        QFETCH(QByteArray, says);
         QFETCH(int, pngWidth);
 
-        const QByteArray record = content(QStringLiteral("record.json"));
-        const QByteArray picture = content(QStringLiteral("one.png"));
-        const int exit = run(arguments.split(QLatin1Char(' '), Qt::SkipEmptyParts));
-        QVERIFY2(exit == exitCode, qPrintable(m_errors));
-        QVERIFY2(m_errors.contains(says), qPrintable(m_errors));
-        QCOMPARE(content(QStringLiteral("record.json")), record);
-        QCOMPARE(content(QStringLiteral("one.png")), picture);
-        QCOMPARE(QImage(m_folder->filePath(QStringLiteral("map.png"))).width(), pngWidth);
+        const QByteArray record = fileContent(at("record.json"));
+        const QByteArray picture = fileContent(at("one.png"));
+        const Run run = map(arguments);
+        QVERIFY2(run.code == exitCode && run.err.contains(says), run.err);
+        QCOMPARE(fileContent(at("record.json")), record);
+        QCOMPARE(fileContent(at("one.png")), picture);
+        QCOMPARE(QImage(at("map.png")).width(), pngWidth);
         if (arguments.contains(QLatin1String("map.svg")))
-            QVERIFY(content(QStringLiteral("map.svg")).contains("</svg>"));
+            QVERIFY(fileContent(at("map.svg")).contains("</svg>"));
         if (arguments.contains(QLatin1String("old.png")))
-            QCOMPARE(QImage(m_folder->filePath(QStringLiteral("old.png"))).width(), 1200);
+            QCOMPARE(QImage(at("old.png")).width(), 1200);
     }
 
     void drawsPicturesAtHand()
     {
         const auto greens = [this] {
-            const QImage map(m_folder->filePath(QStringLiteral("map.png")));
+            const QImage map(at("map.png"));
             int count = 0;
             for (int y = 0; y < map.height(); ++y) {
                 for (int x = 0; x < map.width(); ++x) {
@@ -107,27 +98,24 @@ private slots:
             }
             return count;
         };
-        const QStringList arguments{
-            QStringLiteral("record.json"), QStringLiteral("--output"), QStringLiteral("map.png")};
-        QCOMPARE(run(arguments), 0);
+        QCOMPARE(map("record.json --output map.png").failure(), QByteArray());
         QVERIFY(greens() > 1000);
-        QVERIFY(QFile::remove(m_folder->filePath(QStringLiteral("one.png"))));
-        QCOMPARE(run(arguments), 0);
+        QVERIFY(QFile::remove(at("one.png")));
+        QCOMPARE(map("record.json --output map.png").failure(), QByteArray());
         QCOMPARE(greens(), 0);
     }
 
     void namesDamagedPictures()
     {
-        write(QStringLiteral("one.png"), content(QStringLiteral("one.png")).left(60));
-        QCOMPARE(run({QStringLiteral("record.json"), QStringLiteral("--output"),
-                     QStringLiteral("map.png")}),
-            0);
-        const QString damaged = QStringLiteral("panohost: %1: is no picture that can be read")
-                                    .arg(m_folder->filePath(QStringLiteral("one.png")));
-        QVERIFY2(m_errors.count(damaged) == 1, qPrintable(m_errors));
+        writeFile(at("one.png"), fileContent(at("one.png")).left(60));
+        const Run run = map("record.json --output map.png");
+        QCOMPARE(run.failure(), QByteArray());
+        const QByteArray damaged
+            = "panohost: " + at("one.png").toUtf8() + ": is no picture that can be read";
+        QVERIFY2(run.err.count(damaged) == 1, run.err);
         // Pictures that are not at hand are no fault, and nothing else has a say.
-        QCOMPARE(m_errors.count(QLatin1String("panohost:")), 1);
-        QVERIFY2(!m_errors.contains(QLatin1String("QStandardPaths")), qPrintable(m_errors));
+        QCOMPARE(run.err.count("panohost:"), 1);
+        QVERIFY2(!run.err.contains("QStandardPaths"), run.err);
     }
 
     void speaksNoOtherLanguage()
@@ -136,15 +124,13 @@ private slots:
         ProjectRecord near;
         near.groups = {{QStringLiteral("a.jpg")}, {QStringLiteral("b.jpg")}};
         near.yaws = near.pitches = {0, 0.02F};
-        write(QStringLiteral("record.json"), recordToJson(near));
-        const auto drawn = [this](const char *lang, const char *languages) {
-            qputenv("LC_ALL", lang);
-            qputenv("LANGUAGE", languages);
-            const int exit = run({QStringLiteral("record.json"), QStringLiteral("--output"),
-                QStringLiteral("map.svg")});
-            qputenv("LC_ALL", "C.UTF-8");
-            qunsetenv("LANGUAGE");
-            return exit == 0 ? content(QStringLiteral("map.svg")) : QByteArray();
+        writeFile(at("record.json"), recordToJson(near));
+        const auto drawn = [this](const Text &lang, const Text &languages) {
+            QProcessEnvironment environment = bareEnvironment();
+            environment.insert(QStringLiteral("LC_ALL"), lang);
+            environment.insert(QStringLiteral("LANGUAGE"), languages);
+            const Run run = panohost("map record.json --output map.svg", environment);
+            return run.code == 0 ? fileContent(at("map.svg")) : QByteArray();
         };
         const QByteArray english = drawn("C.UTF-8", "");
         QVERIFY(!english.isEmpty());
@@ -153,55 +139,24 @@ private slots:
 
     void windowWantsDisplay()
     {
-        for (const QStringList &arguments :
-            {QStringList(), QStringList(QStringLiteral("one.png"))}) {
-            QCOMPARE(runProgram(arguments), 1);
-            QVERIFY2(m_errors.contains(QLatin1String("there is no display")), qPrintable(m_errors));
+        for (const char *arguments : {"", "one.png"}) {
+            const Run run = panohost(arguments);
+            QCOMPARE(run.code, 1);
+            QVERIFY2(run.err.contains("there is no display"), run.err);
         }
     }
 
 private:
-    int run(const QStringList &arguments)
+    QString at(const Text &name) const { return m_folder->filePath(name); }
+    Run panohost(
+        const Text &arguments, const QProcessEnvironment &environment = bareEnvironment()) const
     {
-        return runProgram(QStringList(QStringLiteral("map")) + arguments);
+        return run(PANOHOST, words(arguments), {m_folder->path(), {}, environment});
     }
-
-    /// Without a display.
-    int runProgram(const QStringList &arguments);
-    QByteArray content(const QString &name) const;
-    void write(const QString &name, const QByteArray &content) const;
+    Run map(const Text &arguments) const { return panohost(QStringLiteral("map ") + arguments); }
 
     std::unique_ptr<QTemporaryDir> m_folder;
-    QString m_errors;
 };
-
-void tst_MapCommand::write(const QString &name, const QByteArray &content) const
-{
-    QFile file(m_folder->filePath(name));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(content);
-}
-
-QByteArray tst_MapCommand::content(const QString &name) const
-{
-    QFile file(m_folder->filePath(name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-int tst_MapCommand::runProgram(const QStringList &arguments)
-{
-    QProcess program;
-    QProcessEnvironment bare = QProcessEnvironment::systemEnvironment();
-    for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
-        bare.remove(QLatin1String(name));
-    program.setProcessEnvironment(bare);
-    program.setWorkingDirectory(m_folder->path());
-    program.start(QStringLiteral(PANOHOST), arguments);
-    if (!program.waitForFinished(60'000) || program.exitStatus() != QProcess::NormalExit)
-        return -1;
-    m_errors = QString::fromLocal8Bit(program.readAllStandardError());
-    return program.exitCode();
-}
 
 QTEST_GUILESS_MAIN(tst_MapCommand)
 #include "tst_MapCommand.moc"

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The ZPanoHead authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "tests/align/TestPicture.h"
+#include "tests/support/Files.h"
+#include "tests/support/Program.h"
 #include "tests/support/Table.h"
 
-#include <QDir>
+#include <QFileInfo>
 #include <QHash>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <cmath>
@@ -38,19 +38,6 @@ QHash<QString, Picture> picturesOf(const QString &project)
         byName.insert(QFileInfo(name.match(line).captured(1)).fileName(), picture);
     }
     return byName;
-}
-
-/// Empty when \a program ended well, else what it said.
-QString run(const QString &program, const QStringList &arguments, const QString &folder)
-{
-    QProcess process;
-    process.setWorkingDirectory(folder);
-    process.setProcessChannelMode(QProcess::MergedChannels);
-    process.start(program, arguments);
-    if (!process.waitForFinished(120'000))
-        return QStringLiteral("%1 does not end").arg(program);
-    const bool well = process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
-    return well ? QString() : program + QStringLiteral(": ") + QString::fromUtf8(process.readAll());
 }
 
 } // namespace
@@ -94,19 +81,11 @@ private slots:
         QFETCH(QString, shooting);
         QFETCH(QString, import);
         const QTemporaryDir folder;
+        const QStringList size = words("--size 90x60 --force --output .");
         QCOMPARE(
-            run(QStringLiteral(MAKESHOOTING),
-                shooting.split(QLatin1Char(' '))
-                    << QStringLiteral("--size") << QStringLiteral("90x60")
-                    << QStringLiteral("--output") << folder.path() << QStringLiteral("--force"),
-                folder.path()),
-            QString());
-        QCOMPARE(run(QStringLiteral(PANOHOST),
-                     QStringList(QStringLiteral("import")) + import.split(QLatin1Char(' '))
-                         << QStringLiteral("--output") << QStringLiteral("pano.pto")
-                         << QStringLiteral("."),
-                     folder.path()),
-            QString());
+            run(MAKESHOOTING, words(shooting) + size, {folder.path()}).failure(), QByteArray());
+        const QStringList command = words("import") + words(import) + words("--output pano.pto .");
+        QCOMPARE(run(PANOHOST, command, {folder.path()}).failure(), QByteArray());
 
         const auto truth = picturesOf(folder.filePath(QStringLiteral("truth.pto")));
         const auto imported = picturesOf(folder.filePath(QStringLiteral("pano.pto")));

@@ -7,11 +7,11 @@
 #include "apps/panohost/window/HostApplication.h"
 #include "apps/panohost/window/ImportAdvice.h"
 #include "apps/panohost/window/MainWindow.h"
+#include "tests/support/Program.h"
 #include "tests/support/Table.h"
 
 #include <QDialogButtonBox>
 #include <QLibraryInfo>
-#include <QProcess>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <cstdio>
@@ -114,12 +114,10 @@ private slots:
         environment.insert(QStringLiteral("LANG"), lang);
         environment.insert(QStringLiteral("LANGUAGE"), languages);
         environment.insert(QStringLiteral("XDG_CONFIG_HOME"), home.path());
-        QProcess window;
-        window.setProcessEnvironment(environment);
-        window.start(QCoreApplication::applicationFilePath(), {QStringLiteral("speak")});
-        QVERIFY(window.waitForFinished());
-        QCOMPARE(window.exitCode(), 0);
-        QTEST(QString::fromUtf8(window.readAllStandardOutput()), "says");
+        const Run window
+            = run(QCoreApplication::applicationFilePath(), {"speak"}, {{}, {}, environment});
+        QCOMPARE(window.failure(), QByteArray());
+        QTEST(QString::fromUtf8(window.out), "says");
     }
 };
 

@@ -3,6 +3,7 @@
 
 #include "geometry/Angle.h"
 #include "papywizard/MerlinToSPP.h"
+#include "tests/support/Files.h"
 #include "tests/support/RecordDump.h"
 #include "tests/support/Table.h"
 
@@ -29,8 +30,10 @@ QStringList pictures(int count)
 QVector<PapywizardShot> row(int count, int brackets = 1)
 {
     QVector<PapywizardShot> shots(count);
-    for (int i = 0; i < count; ++i)
-        shots[i].yaw = static_cast<float>(i / brackets * 10);
+    for (int i = 0; i < count; ++i) {
+        const int location = i / brackets;
+        shots[i].yaw = 10 * static_cast<float>(location);
+    }
     return shots;
 }
 
@@ -185,11 +188,8 @@ private slots:
     void readsFiles()
     {
         const QTemporaryDir folder;
-        const QString path = folder.filePath(QStringLiteral("caf\u00e9 %2.xml"));
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("<r><shoot><pict id='4'/></shoot></r>\r\n");
-        file.close();
+        const QString path = writeFile(folder.filePath(QStringLiteral("caf\u00e9 %2.xml")),
+            "<r><shoot><pict id='4'/></shoot></r>\r\n");
 
         MerlinToSPP converter;
         QVERIFY(converter.ReadXML(path));
@@ -197,7 +197,7 @@ private slots:
         QCOMPARE(converter.Shooting().shots.first().id, 4);
 
         // A file that is gone leaves nothing of the one before.
-        QVERIFY(file.remove());
+        QVERIFY(QFile::remove(path));
         QVERIFY(!converter.ReadXML(path));
         QVERIFY(converter.Shooting().shots.isEmpty());
     }

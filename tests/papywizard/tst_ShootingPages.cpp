@@ -5,6 +5,7 @@
 
 #include "papywizard/UIWPMerlin.h"
 #include "tests/support/FakeHost.h"
+#include "tests/support/Files.h"
 #include "tests/support/PageDriver.h"
 #include "tests/support/RecordDump.h"
 #include "tests/support/Table.h"
@@ -39,8 +40,10 @@ QByteArray pict(double yaw, double pitch)
 QByteArray picts(int shots)
 {
     QByteArray all;
-    for (int i = 0; i < shots; ++i)
-        all += pict(30 * (i % 4), 40 * (i / 4) - 20);
+    for (int i = 0; i < shots; ++i) {
+        const int row = i / 4;
+        all += pict(30 * (i % 4), 40 * row - 20);
+    }
     return all;
 }
 
@@ -494,7 +497,7 @@ private:
     QString path(const char *name) const { return m_folder->filePath(QLatin1String(name)); }
     QString makeXml(const QByteArray &content, const char *name = "a.xml") const
     {
-        return makeFile(path(name), content);
+        return writeFile(path(name), content);
     }
 
     QStringList pictures(int count) const { return makePictures(m_folder->path(), count); }

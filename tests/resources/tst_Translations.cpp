@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The ZPanoHead authors
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/support/Program.h"
 #include "tests/support/Table.h"
 
 #include <QDir>
 #include <QDomDocument>
 #include <QFile>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTranslator>
@@ -85,15 +85,12 @@ private slots:
         const QString copy = folder.filePath(name + QStringLiteral(".ts"));
         QVERIFY(QFile::copy(pathOf(name), copy));
 
-        QProcess lupdate;
-        lupdate.setWorkingDirectory(QStringLiteral(SOURCES));
-        lupdate.start(QStringLiteral(LUPDATE),
-            QStringList{QStringLiteral("-silent"), QStringLiteral("-I"), QStringLiteral(".")}
-                + scope.split(QLatin1Char(',')) + QStringList{QStringLiteral("-ts"), copy});
-        QVERIFY(lupdate.waitForFinished(60000));
-        QCOMPARE(lupdate.exitCode(), 0);
+        const Run lupdate = run(LUPDATE,
+            words("-silent -I .") + words(scope) + QStringList{QStringLiteral("-ts"), copy},
+            {QStringLiteral(SOURCES)});
+        QCOMPARE(lupdate.failure(), QByteArray());
         // It passes over what it cannot read, such as a number with a mark between its digits.
-        QCOMPARE(QString::fromUtf8(lupdate.readAllStandardError()), QString());
+        QCOMPARE(lupdate.err, QByteArray());
 
         QStringList open;
         const QVector<Message> texts = textsOf(copy);
@@ -162,7 +159,7 @@ void tst_Translations::catalogues()
     row("plug-ins, French", "ZPanoHead_fr", MODULE_TEXTS, MODULE_FOLDER);
     row("window, German", "panohost_de", WINDOW_TEXTS, ":/panohost");
     row("window, French", "panohost_fr", WINDOW_TEXTS, ":/panohost");
-    row("window, English", "panohost_en", "-pluralonly," WINDOW_TEXTS, ":/panohost");
+    row("window, English", "panohost_en", "-pluralonly " WINDOW_TEXTS, ":/panohost");
 }
 
 QTEST_GUILESS_MAIN(tst_Translations)

@@ -3,6 +3,7 @@
 
 #include "stitch/Radiance.h"
 #include "stitch/Tags.h"
+#include "tests/support/Files.h"
 
 #include <OpenEXR/ImfRgbaFile.h>
 #include <OpenEXR/ImfStandardAttributes.h>
@@ -11,6 +12,7 @@
 #include <QImage>
 #include <QTemporaryDir>
 #include <QTest>
+#include <cstddef>
 #include <exiv2/exiv2.hpp>
 #include <limits>
 #include <vector>
@@ -35,7 +37,8 @@ private slots:
             const std::vector<Imf::Rgba> pixels{{-0.01F, 0, 60'000, 1}, {odd, 1, -odd, 0},
                 {0.5F, -3, 2, 0.5F}, {1, 2, 3, 1}, {4, 5, 6, 1}, {7, 8, 9, 1}, {0, 0, 0, 0},
                 {-7, -8, -9, 1}};
-            file.setFrameBuffer(pixels.data() - 4 - 5 * 4, 1, 4);
+            constexpr std::ptrdiff_t kFirst = 4 + 5 * 4;
+            file.setFrameBuffer(pixels.data() - kFirst, 1, 4);
             file.writePixels(2);
         }
         QImage picture(4, 4, QImage::Format_RGB32);
@@ -108,9 +111,7 @@ private slots:
         QImage picture(4, 2, QImage::Format_RGB32);
         picture.fill(Qt::gray);
         QVERIFY(picture.save(result));
-        QFile file(source);
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
-        file.close();
+        writeFile(source, content);
         if (name.startsWith(QStringLiteral("no sides"))) {
             QVERIFY(picture.save(source));
             const auto image = Exiv2::ImageFactory::open(QFile::encodeName(source).toStdString());
@@ -144,10 +145,8 @@ private slots:
     void refusesWhatBrokeOff()
     {
         const QTemporaryDir folder;
-        const QString broken = folder.filePath(QStringLiteral("broken.exr"));
-        QFile file(broken);
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write("v/1\x01 and no more") > 0);
-        file.close();
+        const QString broken
+            = writeFile(folder.filePath(QStringLiteral("broken.exr")), "v/1\x01 and no more");
         const QString problem
             = writeRadiance(broken, folder.filePath(QStringLiteral("result.exr")), {}, {});
         QVERIFY2(problem.contains(QStringLiteral("result.exr: cannot be written: ")),

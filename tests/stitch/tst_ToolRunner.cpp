@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "stitch/ToolRunner.h"
+#include "tests/support/Files.h"
+#include "tests/support/Program.h"
 #include "tests/support/Table.h"
 
 #include <QDir>
@@ -16,19 +18,6 @@ ToolCall standIn(const QTemporaryDir &folder, const Text &script, const Text &re
     return {QStringLiteral("sh"),
         {QStringLiteral("-c"), script, QStringLiteral("sh"), folder.path()},
         result.isEmpty() ? QString() : folder.filePath(result)};
-}
-
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be opened");
-}
-
-/// Whether the process whose number \a file holds does anything any more.
-bool isAlive(const QString &file)
-{
-    QFile stat(QStringLiteral("/proc/%1/stat").arg(contentOf(file).trimmed().toInt()));
-    return stat.open(QIODevice::ReadOnly) && !stat.readAll().contains(") Z ");
 }
 
 } // namespace
@@ -128,7 +117,8 @@ private slots:
         const ToolOutcome outcome = ToolRunner(two).run(calls, listener);
         QCOMPARE(outcome.end, isCancelled ? ToolOutcome::End::Cancelled : ToolOutcome::End::Failed);
         QCOMPARE(outcome.problem.contains(QStringLiteral("exit code 4")), !isCancelled);
-        QTRY_VERIFY(!isAlive(folder.filePath(QStringLiteral("pid"))));
+        const QByteArray process = fileContent(folder.filePath(QStringLiteral("pid")));
+        QTRY_VERIFY(!isAlive(process.trimmed().toInt()));
         QVERIFY(!QFile::exists(folder.filePath(QStringLiteral("never"))));
     }
 
@@ -172,7 +162,7 @@ private slots:
         QCOMPARE(outcome.problem, QStringLiteral("not what was wanted"));
         QCOMPARE(
             lines, QList<QByteArray>({"a", "1 %", "2 %", "b\xc3\xa9", folder.path().toUtf8()}));
-        const QByteArray log = contentOf(folder.filePath(QStringLiteral("log.txt")));
+        const QByteArray log = fileContent(folder.filePath(QStringLiteral("log.txt")));
         QVERIFY(log.startsWith("$ sh -c "));
         QVERIFY(log.contains("\nb\xc3\xa9$ sh"));
         QVERIFY(!log.contains("never"));

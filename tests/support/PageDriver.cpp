@@ -3,6 +3,8 @@
 
 #include "tests/support/PageDriver.h"
 
+#include "tests/support/Files.h"
+
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QApplication>
@@ -214,14 +216,6 @@ QStringList makePictures(const QString &folder, int count)
 {
     QStringList paths = picturePaths(folder, count);
     for (const QString &path : qAsConst(paths))
-        makeFile(path, {});
+        writeFile(path, {});
     return paths;
-}
-
-QString makeFile(const QString &path, const QByteArray &content)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-        qFatal("Cannot write %s", qPrintable(path));
-    return path;
 }

@@ -90,5 +90,3 @@ public slots:
 QStringList picturePaths(const QString &folder, int count);
 /// The same, as files that exist.
 QStringList makePictures(const QString &folder, int count);
-/// Writes a file and gives its path.
-QString makeFile(const QString &path, const QByteArray &content);

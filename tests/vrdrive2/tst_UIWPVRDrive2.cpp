@@ -4,6 +4,7 @@
 // What the page adds to the one it shares its body with: output and reference exposure.
 
 #include "tests/support/FakeHost.h"
+#include "tests/support/Files.h"
 #include "tests/support/PageDriver.h"
 #include "tests/support/RecordDump.h"
 #include "tests/support/Table.h"
@@ -107,7 +108,7 @@ QString tst_UIWPVRDrive2::makeXml(int shots, int brackets) const
     QByteArray picts;
     for (int i = 0; i < shots; ++i)
         picts += "<pict><position yaw='" + QByteArray::number(20 * (i / brackets)) + "'/></pict>";
-    return makeFile(m_folder->filePath(QStringLiteral("a.xml")),
+    return writeFile(m_folder->filePath(QStringLiteral("a.xml")),
         "<p><header><camera><bracketing nbPicts='" + QByteArray::number(brackets)
             + "'/></camera></header><shoot>" + picts + "</shoot></p>");
 }
