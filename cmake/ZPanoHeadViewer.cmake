@@ -32,9 +32,11 @@ if(ZPANOHEAD_WEB_VIEWER AND NOT viewer_found STREQUAL viewer_sha512)
         message(STATUS "panohost stitch --web will not work: ${viewer_url}: ${viewer_problem}")
     endif()
 endif()
+# Beside the built program as beside the installed one.
+set(viewer_folder "${CMAKE_BINARY_DIR}/${CMAKE_INSTALL_DATADIR}/panohost/viewer")
+set(ZPANOHEAD_HAS_VIEWER FALSE)
 if(ZPANOHEAD_WEB_VIEWER AND viewer_found STREQUAL viewer_sha512)
-    # Beside the built program as beside the installed one.
-    set(viewer_folder "${CMAKE_BINARY_DIR}/${CMAKE_INSTALL_DATADIR}/panohost/viewer")
+    set(ZPANOHEAD_HAS_VIEWER TRUE)
     if(NOT EXISTS "${viewer_folder}/COPYING")
         file(ARCHIVE_EXTRACT INPUT "${viewer_archive}" DESTINATION "${CMAKE_BINARY_DIR}/viewer")
         file(COPY
@@ -45,4 +47,7 @@ if(ZPANOHEAD_WEB_VIEWER AND viewer_found STREQUAL viewer_sha512)
         file(REMOVE_RECURSE "${CMAKE_BINARY_DIR}/viewer/package")
     endif()
     install(DIRECTORY "${viewer_folder}/" DESTINATION "${CMAKE_INSTALL_DATADIR}/panohost/viewer")
+else()
+    # What an earlier configuration left.
+    file(REMOVE_RECURSE "${viewer_folder}")
 endif()

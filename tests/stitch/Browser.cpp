@@ -10,20 +10,19 @@
 #include <QJsonDocument>
 #include <QNetworkReply>
 #include <QRegularExpression>
-#include <QStandardPaths>
 #include <QTcpSocket>
 #include <QTimer>
 
 namespace {
 
 constexpr int kPatience = 60'000;
-const QString kDriver = QStringLiteral("chromedriver");
+const QString kDriver = QStringLiteral(CHROMEDRIVER);
 
 } // namespace
 
-bool Browser::isInstalled()
+bool Browser::isConfigured()
 {
-    return !QStandardPaths::findExecutable(kDriver).isEmpty();
+    return !kDriver.isEmpty();
 }
 
 Browser::~Browser()

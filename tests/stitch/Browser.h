@@ -24,7 +24,8 @@ public:
     QJsonValue run(const QString &script);
     QImage screenshot();
 
-    static bool isInstalled();
+    /// Whether there was a chromedriver when the build was configured.
+    static bool isConfigured();
 
 private:
     QJsonValue ask(const QByteArray &method, const QString &path, const QJsonObject &body = {});
