@@ -8,6 +8,7 @@
 #include <QtMath>
 #include <array>
 #include <atomic>
+#include <cstddef>
 #include <thread>
 #include <vector>
 
@@ -50,7 +51,10 @@ public:
     {
     }
 
-    QRgb *row(int y) { return reinterpret_cast<QRgb *>(m_bits + y * m_image.bytesPerLine()); }
+    QRgb *row(int y)
+    {
+        return reinterpret_cast<QRgb *>(m_bits + std::ptrdiff_t{y} * m_image.bytesPerLine());
+    }
 
     QRgb develop(const Colour &light, int x, int y) const
     {
@@ -117,8 +121,8 @@ private:
     std::vector<Colour> middles(int y) const
     {
         std::vector<Colour> row(static_cast<std::size_t>(m_width) + 2);
-        for (int x = -1; x <= m_width; ++x)
-            row[static_cast<std::size_t>(x + 1)] = at(x + 0.5, y + 0.5);
+        for (std::size_t i = 0; i < row.size(); ++i)
+            row[i] = at(static_cast<double>(i) - 0.5, y + 0.5);
         return row;
     }
 

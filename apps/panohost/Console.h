@@ -7,6 +7,7 @@
 
 #include <QMap>
 #include <QString>
+#include <utility>
 
 /// How a run of the command line ends.
 enum class ExitCode {
@@ -39,8 +40,8 @@ void showPassing(const QString &sentence);
 /// be full of only once, with its number.
 class FindingReport {
 public:
-    explicit FindingReport(const QString &file)
-        : m_file(file)
+    explicit FindingReport(QString file)
+        : m_file(std::move(file))
     {
     }
 

@@ -71,9 +71,10 @@ private slots:
                     for (const View &view : views) {
                         // A little further in, where it is surely seen.
                         for (int k = 0; k < 27; ++k) {
-                            const Direction near{(*direction)[0] + (k % 3 - 1) * 1e-4,
-                                (*direction)[1] + (k / 3 % 3 - 1) * 1e-4,
-                                (*direction)[2] + (k / 9 - 1) * 1e-4};
+                            const int steps[] = {k % 3 - 1, k / 3 % 3 - 1, k / 9 - 1};
+                            Direction near = *direction;
+                            for (int axis = 0; axis < 3; ++axis)
+                                near[axis] += steps[axis] * 1e-4;
                             const auto found = view.find(near);
                             if (found)
                                 nearest = std::min({nearest, std::abs(450 - std::abs(found->x())),
