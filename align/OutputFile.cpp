@@ -10,9 +10,11 @@
 #include <QFileInfo>
 #include <QImageReader>
 #include <QSaveFile>
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <sys/stat.h>
+#include <system_error>
 #include <vector>
 
 namespace {
@@ -38,6 +40,16 @@ bool isPrecious(const QString &path)
         return false;
     return suffix == QLatin1String("xml") || suffix == QLatin1String("txt") || isPictureName(path)
         || !QImageReader::imageFormat(path).isEmpty();
+}
+
+std::filesystem::path pathOf(const QString &path)
+{
+    return QFile::encodeName(path).toStdString();
+}
+
+QString problemOf(const QString &path, const std::error_code &error)
+{
+    return error ? unwritable(path, QString::fromLocal8Bit(error.message().c_str())) : QString();
 }
 
 } // namespace
@@ -88,6 +100,20 @@ QString unwritable(const QString &path, const QString &reason)
 {
     return reason.isEmpty() ? OutputTexts::tr("%1: cannot be written").arg(path)
                             : OutputTexts::tr("%1: cannot be written: %2").arg(path, reason);
+}
+
+QString makeFolder(const QString &path)
+{
+    std::error_code error;
+    std::filesystem::create_directories(pathOf(path), error);
+    return problemOf(path, error);
+}
+
+QString moveFile(const QString &from, const QString &to)
+{
+    std::error_code error;
+    std::filesystem::rename(pathOf(from), pathOf(to), error);
+    return problemOf(to, error);
 }
 
 QString writeWhole(const QVector<OutputFile> &files)

@@ -42,6 +42,14 @@ struct OutputFile {
 /// That \a path cannot be written, and the \a reason where it is known.
 QString unwritable(const QString &path, const QString &reason = {});
 
+/// Makes the folder at \a path, with those above it. Empty when done, else what went wrong, a
+/// sentence.
+QString makeFolder(const QString &path);
+
+/// Gives the file or folder \a from the name \a to on the same disk; a file is put in the place of
+/// an earlier one. Empty when done, else what went wrong, a sentence.
+QString moveFile(const QString &from, const QString &to);
+
 /// Writes \a files, each whole or not at all, and none before all could be written. Empty when
 /// done, else the path and what went wrong.
 QString writeWhole(const QVector<OutputFile> &files);

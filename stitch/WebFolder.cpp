@@ -3,7 +3,9 @@
 
 #include "stitch/WebFolder.h"
 
-#include "geometry/Angle.h"
+#include "align/OutputFile.h"
+#include "stitch/CubeTiles.h"
+#include "stitch/ReplacedFolder.h"
 
 #include <QBuffer>
 #include <QCoreApplication>
@@ -12,186 +14,19 @@
 #include <QFileInfo>
 #include <QImage>
 #include <QImageReader>
+#include <QImageWriter>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QLockFile>
-#include <QTemporaryDir>
 #include <algorithm>
-#include <atomic>
-#include <chrono>
-#include <cmath>
-#include <condition_variable>
-#include <mutex>
-#include <thread>
-#include <vector>
 
 namespace {
 
 /// Pixels a side that every WebGL shows as one picture.
 constexpr int kLargestTexture = 8192;
-constexpr int kTile = 512;
-constexpr int kTileQuality = 85;
 constexpr int kPictureQuality = 90;
-constexpr char kFaces[] = {'f', 'b', 'u', 'd', 'l', 'r'};
 /// What the viewer consists of, its licence among it.
 constexpr const char *kViewerFiles[] = {"pannellum.js", "pannellum.css", "COPYING"};
 constexpr const char *kViewer = "viewer";
-
-constexpr const char *kPage = R"(<!DOCTYPE html>
-<html lang="en">
-<head>
-<meta charset="utf-8">
-<meta name="viewport" content="width=device-width, initial-scale=1">
-<title>%1</title>
-<link rel="stylesheet" href="viewer/pannellum.css">
-<style>html, body, #panorama { margin: 0; width: 100%; height: 100%; background: #000; }</style>
-</head>
-<body>
-<div id="panorama"></div>
-<script src="viewer/pannellum.js"></script>
-<script src="scene.js"></script>
-<script>
-// Browsers let pages from disk read no other files than scripts: there the picture comes in one.
-var viewer;
-function showPicture() {
-    var text = atob(pictureData);
-    var bytes = new Uint8Array(text.length);
-    for (var i = 0; i < text.length; ++i)
-        bytes[i] = text.charCodeAt(i);
-    scene.picture.panorama = URL.createObjectURL(new Blob([bytes], { type: 'image/jpeg' }));
-    viewer = pannellum.viewer('panorama', scene.picture);
-}
-if (scene.tiles && location.protocol !== 'file:') {
-    viewer = pannellum.viewer('panorama', scene.tiles);
-} else {
-    var script = document.createElement('script');
-    script.src = 'picture.js';
-    script.onload = showPicture;
-    document.body.appendChild(script);
-}
-</script>
-</body>
-</html>
-)";
-
-bool write(const QString &path, const QByteArray &content)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush();
-}
-
-/// A part of the sphere, as pixels. Yaw 0 is its middle.
-class Sphere {
-public:
-    Sphere(QImage picture, double width, double top)
-        : m_picture(std::move(picture))
-        , m_width(width)
-        , m_top(top)
-    {
-    }
-
-    /// The same in half as many pixels a side.
-    Sphere halved() const
-    {
-        const QSize half(std::max(1, m_picture.width() / 2), std::max(1, m_picture.height() / 2));
-        return {m_picture.scaled(half, Qt::IgnoreAspectRatio, Qt::SmoothTransformation),
-            m_width / 2, m_top / 2};
-    }
-
-    QRgb at(const Direction &direction) const
-    {
-        const double yaw = std::atan2(direction[0], direction[2]);
-        const double pitch = std::atan2(direction[1], std::hypot(direction[0], direction[2]));
-        const double x = yaw / (2 * geometry::kPi) * m_width + m_picture.width() / 2.0 - 0.5;
-        const double y = (0.5 - pitch / geometry::kPi) * m_width / 2 - m_top - 0.5;
-        const bool isOutside = x < -1 || x > m_picture.width() || y < -1 || y > m_picture.height();
-        return isOutside ? qRgb(0, 0, 0) : between(x, y);
-    }
-
-private:
-    QRgb between(double x, double y) const
-    {
-        const int left = int(std::floor(x));
-        const int top = int(std::floor(y));
-        const double right = x - left;
-        const double low = y - top;
-        const QRgb a = pixel(left, top);
-        const QRgb b = pixel(left + 1, top);
-        const QRgb c = pixel(left, top + 1);
-        const QRgb d = pixel(left + 1, top + 1);
-        const auto mix = [&](int (*part)(QRgb)) {
-            return qRound((part(a) * (1 - right) + part(b) * right) * (1 - low)
-                + (part(c) * (1 - right) + part(d) * right) * low);
-        };
-        return qRgb(mix(qRed), mix(qGreen), mix(qBlue));
-    }
-
-    QRgb pixel(int x, int y) const
-    {
-        const int width = m_picture.width();
-        // A full turn closes.
-        x = std::abs(width - m_width) < 2 ? (x + width) % width : std::clamp(x, 0, width - 1);
-        y = std::clamp(y, 0, m_picture.height() - 1);
-        return reinterpret_cast<const QRgb *>(m_picture.constScanLine(y))[x];
-    }
-
-    QImage m_picture;
-    /// Pixels that all of the sphere would have across, and above the picture.
-    double m_width;
-    double m_top;
-};
-
-/// Of a cube's \a face, \a u to the right and \a v down, both -1 to 1.
-Direction cubeDirection(char face, double u, double v)
-{
-    switch (face) {
-    case 'f':
-        return {u, -v, 1};
-    case 'b':
-        return {-u, -v, -1};
-    case 'l':
-        return {-1, -v, u};
-    case 'r':
-        return {1, -v, -u};
-    case 'u':
-        return {u, 1, v};
-    default:
-        return {u, -1, -v};
-    }
-}
-
-struct Tile {
-    char face = 'f';
-    int column = 0;
-    int row = 0;
-    /// Pixels of the face.
-    int size = 0;
-    QString path;
-};
-
-QImage render(const Tile &tile, const Sphere &sphere)
-{
-    const int left = tile.column * kTile;
-    const int top = tile.row * kTile;
-    QImage image(
-        std::min(kTile, tile.size - left), std::min(kTile, tile.size - top), QImage::Format_RGB32);
-    for (int y = 0; y < image.height(); ++y) {
-        auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
-        for (int x = 0; x < image.width(); ++x)
-            line[x] = sphere.at(cubeDirection(tile.face, 2 * (left + x + 0.5) / tile.size - 1,
-                2 * (top + y + 0.5) / tile.size - 1));
-    }
-    return image;
-}
-
-/// Sizes of the cube's faces from the smallest level to the largest.
-QVector<int> levelSizes(int cube)
-{
-    QVector<int> sizes{cube};
-    while (sizes.first() > kTile)
-        sizes.prepend((sizes.first() + 1) / 2);
-    return sizes;
-}
 
 /// Makes a folder's files. Everything goes to \a folder, which is there.
 class WebWriter {
@@ -199,21 +34,31 @@ public:
     WebWriter(QString folder, const Frame &frame, int jobs, const Progress &progress)
         : m_folder(std::move(folder))
         , m_frame(frame)
-        , m_jobs(std::max(1, jobs))
+        , m_jobs(jobs)
         , m_progress(progress)
+        , m_tiles(fullWidth())
     {
     }
 
-    bool go(QImage picture, const QString &title)
+    /// Empty when done or cancelled, else what went wrong, a sentence.
+    QString go(QImage picture, const QString &title)
     {
         const bool isLarge = std::max(picture.width(), picture.height()) > kLargestTexture;
         QJsonObject scene{{QStringLiteral("picture"), pictureScene()}};
         if (isLarge)
             scene.insert(QStringLiteral("tiles"), tilesScene());
-        return copyViewer() && write(file("index.html"), page(title))
-            && write(
-                file("scene.js"), "var scene = " + QJsonDocument(scene).toJson().trimmed() + ";\n")
-            && writePicture(picture) && (!isLarge || writeTiles(std::move(picture)));
+        QString problem = copyViewer();
+        if (problem.isEmpty())
+            problem = writeWhole({{file("index.html"), page(title)},
+                {file("scene.js"),
+                    "var scene = " + QJsonDocument(scene).toJson().trimmed() + ";\n"}});
+        if (problem.isEmpty())
+            problem = writePicture(picture);
+        if (problem.isEmpty() && isLarge)
+            problem = m_tiles.write(file("tiles"), std::move(picture),
+                fullWidth() / 4 - topPitch() / degreesPerPixel(), m_jobs, m_progress,
+                &m_isCancelled);
+        return problem;
     }
 
     bool isCancelled() const { return m_isCancelled; }
@@ -223,7 +68,10 @@ private:
 
     static QByteArray page(const QString &title)
     {
-        return QString::fromLatin1(kPage)
+        QFile viewer(QStringLiteral(":/stitch/viewer.html"));
+        const bool isOpen = viewer.open(QIODevice::ReadOnly);
+        Q_ASSERT(isOpen);
+        return QString::fromUtf8(viewer.readAll())
             .replace(QLatin1String("%1"), title.toHtmlEscaped())
             .toUtf8();
     }
@@ -290,191 +138,51 @@ private:
                 {QStringLiteral("basePath"), QStringLiteral("tiles")},
                 {QStringLiteral("path"), QStringLiteral("/%l/%s%y_%x")},
                 {QStringLiteral("extension"), QStringLiteral("jpg")},
-                {QStringLiteral("tileResolution"), kTile},
-                {QStringLiteral("maxLevel"), levelSizes(cubeSize()).size()},
-                {QStringLiteral("cubeResolution"), cubeSize()},
+                {QStringLiteral("tileResolution"), CubeTiles::kSide},
+                {QStringLiteral("maxLevel"), m_tiles.levels()},
+                {QStringLiteral("cubeResolution"), m_tiles.cubeSize()},
             });
         return scene;
     }
 
-    /// Pixels of a cube's face: as many a degree in its middle as the panorama has.
-    int cubeSize() const { return std::max(8, 8 * int(fullWidth() / geometry::kPi / 8)); }
-
-    bool copyViewer() const
+    QString copyViewer() const
     {
         const QDir viewer(webViewerFolder());
-        const QDir folder(m_folder);
-        if (!folder.mkpath(QLatin1String(kViewer)))
-            return false;
-        return std::all_of(std::begin(kViewerFiles), std::end(kViewerFiles), [&](const char *name) {
-            return QFile::copy(viewer.filePath(QLatin1String(name)),
-                folder.filePath(
-                    QStringLiteral("%1/%2").arg(QLatin1String(kViewer), QLatin1String(name))));
-        });
+        const QDir folder(file(kViewer));
+        const QString problem = makeFolder(folder.path());
+        if (!problem.isEmpty())
+            return problem;
+        for (const char *name : kViewerFiles) {
+            QFile original(viewer.filePath(QLatin1String(name)));
+            const QString copy = folder.filePath(QLatin1String(name));
+            if (!original.copy(copy))
+                return unwritable(copy, original.errorString());
+        }
+        return {};
     }
 
-    bool writePicture(const QImage &picture) const
+    QString writePicture(const QImage &picture) const
     {
-        QByteArray bytes;
-        QBuffer buffer(&bytes);
+        const QString path = file("picture.js");
         const QSize size = picture.size().boundedTo(QSize(kLargestTexture, kLargestTexture));
         const QImage shown = size == picture.size()
             ? picture
             : picture.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-        return buffer.open(QIODevice::WriteOnly) && shown.save(&buffer, "JPEG", kPictureQuality)
-            && write(file("picture.js"), "var pictureData = '" + bytes.toBase64() + "';\n");
-    }
-
-    bool writeTiles(QImage picture)
-    {
-        const QVector<int> sizes = levelSizes(cubeSize());
-        int count = 0;
-        for (const int size : sizes) {
-            const int across = (size + kTile - 1) / kTile;
-            count += 6 * across * across;
-        }
-        Sphere sphere(
-            std::move(picture), fullWidth(), fullWidth() / 4 - topPitch() / degreesPerPixel());
-        int done = 0;
-        for (int level = sizes.size(); level >= 1; --level) {
-            const QString folder = file("tiles") + QStringLiteral("/%1").arg(level);
-            if (!QDir().mkpath(folder))
-                return false;
-            const QVector<Tile> tiles = tilesOf(folder, sizes.at(level - 1));
-            if (!writeLevel(tiles, sphere, done, count))
-                return false;
-            done += tiles.size();
-            if (level > 1)
-                sphere = sphere.halved();
-        }
-        return true;
-    }
-
-    static QVector<Tile> tilesOf(const QString &folder, int size)
-    {
-        QVector<Tile> tiles;
-        const int across = (size + kTile - 1) / kTile;
-        for (const char face : kFaces) {
-            for (int row = 0; row < across; ++row) {
-                for (int column = 0; column < across; ++column)
-                    tiles.append({face, column, row, size,
-                        QStringLiteral("%1/%2%3_%4.jpg")
-                            .arg(folder, QString(QLatin1Char(face)))
-                            .arg(row)
-                            .arg(column)});
-            }
-        }
-        return tiles;
-    }
-
-    bool writeLevel(const QVector<Tile> &tiles, const Sphere &sphere, int doneBefore, int count)
-    {
-        std::atomic<int> next{0};
-        std::atomic<bool> isWell{true};
-        std::mutex mutex;
-        std::condition_variable changed;
-        int done = 0;
-        const auto work = [&] {
-            for (int i = next++; i < tiles.size() && isWell; i = next++) {
-                if (!render(tiles.at(i), sphere).save(tiles.at(i).path, "JPEG", kTileQuality))
-                    isWell = false;
-                const std::lock_guard lock(mutex);
-                ++done;
-                changed.notify_one();
-            }
-            const std::lock_guard lock(mutex);
-            changed.notify_one();
-        };
-        std::vector<std::thread> threads;
-        threads.reserve(std::size_t(m_jobs));
-        for (int i = 0; i < m_jobs; ++i)
-            threads.emplace_back(work);
-        while (isWell) {
-            std::unique_lock lock(mutex);
-            if (done == tiles.size())
-                break;
-            changed.wait_for(lock, std::chrono::milliseconds(100));
-            const int now = doneBefore + done;
-            lock.unlock();
-            if (m_progress && !m_progress(QStringLiteral("Making tiles"), now, count)) {
-                m_isCancelled = true;
-                isWell = false;
-            }
-        }
-        for (std::thread &thread : threads)
-            thread.join();
-        return isWell;
+        QBuffer buffer;
+        buffer.open(QIODevice::WriteOnly);
+        QImageWriter writer(&buffer, "JPEG");
+        writer.setQuality(kPictureQuality);
+        if (!writer.write(shown))
+            return unwritable(path, writer.errorString());
+        return writeWhole({{path, "var pictureData = '" + buffer.data().toBase64() + "';\n"}});
     }
 
     QString m_folder;
     const Frame &m_frame;
     int m_jobs;
     const Progress &m_progress;
+    CubeTiles m_tiles;
     bool m_isCancelled = false;
-};
-
-/// Where the folder at \a path is made: in another beside it that goes with this object.
-class Workshop {
-public:
-    explicit Workshop(QString path)
-        : m_path(std::move(path))
-        , m_folder(m_path + QStringLiteral(".XXXXXX"))
-        , m_lock(lockIn(m_folder.path()))
-    {
-        m_lock.setStaleLockTime(0);
-    }
-
-    bool open()
-    {
-        sweep();
-        return m_folder.isValid() && m_lock.tryLock(0) && QDir().mkpath(made());
-    }
-
-    QString made() const { return m_folder.filePath(QStringLiteral("made")); }
-
-    /// What stood at the path before goes only when what was made is there.
-    bool putInPlace()
-    {
-        QDir disk;
-        const QString old = m_folder.filePath(QStringLiteral("old"));
-        const bool isOld = QFileInfo::exists(m_path);
-        if (isOld && !disk.rename(m_path, old))
-            return false;
-        if (disk.rename(made(), m_path))
-            return true;
-        if (isOld && !disk.rename(old, m_path))
-            m_folder.setAutoRemove(false);
-        return false;
-    }
-
-private:
-    static QString lockIn(const QString &folder)
-    {
-        return QDir(folder).filePath(QStringLiteral("panohost.lock"));
-    }
-
-    /// Takes away what killed runs left. Without a lock in it, it is not ours.
-    void sweep() const
-    {
-        const QFileInfo path(m_path);
-        const QString pattern = QStringLiteral("*.??????");
-        const auto filter = QDir::Dirs | QDir::Hidden | QDir::NoSymLinks;
-        for (const QFileInfo &left : path.absoluteDir().entryInfoList({pattern}, filter)) {
-            if (left.completeBaseName() != path.fileName())
-                continue;
-            const QString folder = left.absoluteFilePath();
-            QLockFile lock(lockIn(folder));
-            lock.setStaleLockTime(0);
-            if (!QFileInfo::exists(lockIn(folder)) || !lock.tryLock(0))
-                continue;
-            lock.unlock();
-            QDir(folder).removeRecursively();
-        }
-    }
-
-    QString m_path;
-    QTemporaryDir m_folder;
-    QLockFile m_lock;
 };
 
 /// The folder meant by \a path, which may be a link to it or end in a slash.
@@ -541,12 +249,11 @@ QString writeWebFolder(const WebFolder &folder, const QString &picture, const Fr
     QImage image = reader.read();
     if (image.isNull())
         return QStringLiteral("%1: cannot be read: %2").arg(picture, reader.errorString());
-    Workshop workshop(placeOf(folder.path));
-    WebWriter writer(workshop.made(), frame, folder.jobs, progress);
-    const bool isWell = workshop.open()
-        && writer.go(image.convertToFormat(QImage::Format_RGB32), title) && workshop.putInPlace();
-    if (isWell)
-        return {};
+    ReplacedFolder place(placeOf(folder.path));
+    WebWriter writer(place.made(), frame, folder.jobs, progress);
+    problem = place.open();
+    if (problem.isEmpty())
+        problem = writer.go(image.convertToFormat(QImage::Format_RGB32), title);
     *isCancelled = writer.isCancelled();
-    return *isCancelled ? QString() : QStringLiteral("%1: cannot be written").arg(folder.path);
+    return problem.isEmpty() && !*isCancelled ? place.putInPlace() : problem;
 }

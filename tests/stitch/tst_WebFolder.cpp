@@ -139,6 +139,9 @@ private slots:
                     .contains(QStringLiteral(": is no folder")));
         QVERIFY(write({at("no/web"), true, 1}, fullSphere(64))
                     .contains(QStringLiteral("there is no folder")));
+        // There is room for the name, but not for that of the folder it is made in.
+        QVERIFY(write({at(QString(250, QLatin1Char('x'))), false, 1}, fullSphere(64))
+                    .endsWith(QStringLiteral(": cannot be written: File name too long")));
     }
 
     // What comes in an older folder's place takes nothing else with it.
