@@ -160,61 +160,53 @@ class tst_Alignment : public QObject {
 private slots:
     void robust_data()
     {
-        QTest::addColumn<QString>("shooting");
-        QTest::addColumn<QString>("import");
-        // Pictures that show nothing that could be matched.
-        QTest::addColumn<int>("plain");
-        QTest::addColumn<double>("rms");
-
-        const auto row = [](const char *name, const QString &shooting, const char *import,
-                             int plain = 0, double rms = 0.02) {
-            QTest::newRow(name) << shooting << QString::fromLatin1(import) << plain << rms;
-        };
+        // How many pictures show nothing that could be matched.
+        const Table<QString, QString, int, double> row("shooting", "import", "plain", "rms");
         const QString sphere = QLatin1String(kSphere);
-        const QString small = QLatin1String(kRow);
-        const QString errors = QLatin1String(kErrors);
-        row("sphere", sphere + errors, "papywizard");
-        row("the same houses again and again", sphere + errors + QStringLiteral(" --repeat"),
-            "papywizard");
-        row("half of it sky", sphere + errors + QStringLiteral(" --sky 20"), "papywizard", 1, 0.2);
-        row("blurred and noisy sky", sphere + errors + QStringLiteral(" --blurred-sky --noise 3"),
-            "papywizard", 4, 0.3);
-        row("brackets of 4, points inside",
-            small + errors + QStringLiteral(" --brackets 3 --bracket-step 4"),
+        const QString wrongSphere = sphere + QLatin1String(kErrors);
+        const QString wrongRow = QLatin1String(kRow) + QLatin1String(kErrors);
+        const auto more = [](const Text &shooting, const char *options) -> QString {
+            return shooting + QLatin1String(options);
+        };
+        row("sphere", wrongSphere, "papywizard", 0, 0.02);
+        row("the same houses again and again", more(wrongSphere, " --repeat"), "papywizard", 0,
+            0.02);
+        row("half of it sky", more(wrongSphere, " --sky 20"), "papywizard", 1, 0.2);
+        row("blurred and noisy sky", more(wrongSphere, " --blurred-sky --noise 3"), "papywizard", 4,
+            0.3);
+        row("brackets of 4, points inside", more(wrongRow, " --brackets 3 --bracket-step 4"),
             "papywizard --stacks points", 14, 0.05);
-        row("brackets of 2, all levels", small + errors + QStringLiteral(" --brackets 3"),
-            "papywizard --levels all");
-        row("portrait by tag", small + errors + QStringLiteral(" --portrait tag"), "papywizard");
-        row("portrait by pixels", small + errors + QStringLiteral(" --portrait pixels"),
-            "papywizard");
-        row("a head that counts from elsewhere",
-            sphere + errors + QStringLiteral(" --head-offset 5,3"), "papywizard");
+        row("brackets of 2, all levels", more(wrongRow, " --brackets 3"), "papywizard --levels all",
+            0, 0.02);
+        row("portrait by tag", more(wrongRow, " --portrait tag"), "papywizard", 0, 0.02);
+        row("portrait by pixels", more(wrongRow, " --portrait pixels"), "papywizard", 0, 0.02);
+        row("a head that counts from elsewhere", more(wrongSphere, " --head-offset 5,3"),
+            "papywizard", 0, 0.02);
         row("focal length 5 % off",
-            sphere + QStringLiteral(" --head-error 0.3 --focal-error 5 --distortion -0.03"),
-            "papywizard");
-        row("3 degrees off, wide", sphere + QStringLiteral(" --head-error 3 --focal-error 1"),
-            "papywizard", 0, 0.1);
+            more(sphere, " --head-error 0.3 --focal-error 5 --distortion -0.03"), "papywizard", 0,
+            0.02);
+        row("3 degrees off, wide", more(sphere, " --head-error 3 --focal-error 1"), "papywizard", 0,
+            0.1);
         row("3 degrees off, narrow",
-            QStringLiteral("--rows 3 --columns 5 --focal 50 --overlap 45 --size 360x240 "
-                           "--head-error 3 --focal-error 1"),
+            "--rows 3 --columns 5 --focal 50 --overlap 45 --size 360x240 --head-error 3 "
+            "--focal-error 1",
             "papywizard", 0, 0.1);
         row("fisheye",
-            QStringLiteral("--sphere --lens fisheye --focal 12 --overlap 40 --size 360x240")
-                + errors,
-            "papywizard");
-        row("clauss", small + errors + QStringLiteral(" --format clauss"), "clauss");
-        for (const int overlap : {20, 40, 60})
-            row(qPrintable(QStringLiteral("grid, overlap 30 where it is %1").arg(overlap)),
-                QStringLiteral("--format gigapan --rows 3 --columns 4 --focal 35 --size 360x240 "
-                               "--order serpentine-up --overlap %1")
-                        .arg(overlap)
-                    + errors,
+            more("--sphere --lens fisheye --focal 12 --overlap 40 --size 360x240", kErrors),
+            "papywizard", 0, 0.02);
+        row("clauss", more(wrongRow, " --format clauss"), "clauss", 0, 0.02);
+        for (const char *overlap : {"20", "40", "60"})
+            row(QByteArray("grid, overlap 30 where it is ") + overlap,
+                more(QStringLiteral("--format gigapan --rows 3 --columns 4 --focal 35 --size "
+                                    "360x240 --order serpentine-up --overlap ")
+                        + QLatin1String(overlap),
+                    kErrors),
                 "gigapan --rows 3 --order serpentine-up --overlap 30 --clean-links", 0, 0.1);
         row("grid, once round",
-            QStringLiteral("--format gigapan --rows 2 --columns 8 --focal 20 --full-turn "
-                           "--overlap 40 --size 360x240")
-                + errors,
-            "gigapan --rows 2 --full-turn --overlap 40 --clean-links");
+            more("--format gigapan --rows 2 --columns 8 --focal 20 --full-turn --overlap 40 "
+                 "--size 360x240",
+                kErrors),
+            "gigapan --rows 2 --full-turn --overlap 40 --clean-links", 0, 0.02);
     }
     void robust()
     {
@@ -256,17 +248,9 @@ private slots:
 
     void whatIsMatched_data()
     {
-        QTest::addColumn<int>("stackLinking");
-        QTest::addColumn<int>("levelLinking");
-        QTest::addColumn<int>("outputType");
         // Places in their stacks, as first and second picture of pairs between stacks and inside.
-        QTest::addColumn<QString>("between");
-        QTest::addColumn<QString>("inside");
-        const auto row = [](const char *name, int stack, int level, int output, const char *between,
-                             const char *inside) {
-            QTest::newRow(name) << stack << level << output << QString::fromLatin1(between)
-                                << QString::fromLatin1(inside);
-        };
+        const Table<int, int, int, QString, QString> row(
+            "stackLinking", "levelLinking", "outputType", "between", "inside");
         row("the reference", 0, 0, 0, "11", "");
         row("the reference that the import put first, tonemapped", 0, 0, 2, "00", "");
         row("the reference that the import put first, radiance", 0, 0, 3, "00", "");
@@ -484,9 +468,9 @@ private slots:
 
     void orders_data()
     {
-        QTest::addColumn<QString>("order");
+        const Table<QString> row("order");
         for (const char *order : {"columns", "rows-down", "rows-up", "columns-left"})
-            QTest::newRow(order) << QString::fromLatin1(order);
+            row(order);
     }
     void orders()
     {
@@ -503,15 +487,13 @@ private slots:
 
     void pictureFiles_data()
     {
-        QTest::addColumn<QSize>("size");
-        QTest::addColumn<QString>("suffix");
-        QTest::newRow("12 megapixels, sides that no power of two divides")
-            << QSize(4327, 2885) << QStringLiteral("jpg");
-        QTest::newRow("60 megapixels") << QSize(9486, 6324) << QStringLiteral("jpg");
-        QTest::newRow("as they are, no JPEG") << QSize(360, 240) << QStringLiteral("png");
-        QTest::newRow("scaled down, no JPEG") << QSize(2160, 1440) << QStringLiteral("png");
+        const Table<QSize, QString> row("size", "suffix");
+        row("12 megapixels, sides that no power of two divides", {4327, 2885}, "jpg");
+        row("60 megapixels", {9486, 6324}, "jpg");
+        row("as they are, no JPEG", {360, 240}, "png");
+        row("scaled down, no JPEG", {2160, 1440}, "png");
         // Six lines more at either end than its preview shows.
-        QTest::newRow("RAW, by its preview") << QSize(2160, 1452) << QStringLiteral("nef");
+        row("RAW, by its preview", {2160, 1452}, "nef");
     }
     void pictureFiles()
     {
@@ -569,9 +551,9 @@ private slots:
 
     void strangePictures_data()
     {
-        QTest::addColumn<QSize>("size");
-        QTest::newRow("of elsewhere") << QSize(360, 240);
-        QTest::newRow("of elsewhere, and flat") << QSize(4000, 12);
+        const Table<QSize> row("size");
+        row("of elsewhere", {360, 240});
+        row("of elsewhere, and flat", {4000, 12});
     }
     /// One picture has no business there: the others are not led astray, and it is named.
     void strangePictures()
