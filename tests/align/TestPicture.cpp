@@ -3,6 +3,8 @@
 
 #include "tests/align/TestPicture.h"
 
+#include "tests/support/Files.h"
+
 #include <QBuffer>
 #include <QDataStream>
 #include <QFile>

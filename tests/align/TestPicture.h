@@ -3,8 +3,6 @@
 
 #pragma once
 
-#include "tests/support/Files.h"
-
 #include <QByteArray>
 #include <QImage>
 #include <QSize>

@@ -6,6 +6,8 @@
 #include "align/RecordJson.h"
 #include "tests/align/ShootingTruth.h"
 #include "tests/align/TestPicture.h"
+#include "tests/support/Files.h"
+#include "tests/support/Program.h"
 #include "tests/support/Table.h"
 
 #include <QDateTime>
@@ -13,7 +15,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
@@ -24,11 +25,6 @@ namespace {
 const char kSphere[] = "--sphere --focal 12 --overlap 40 --size 330x220";
 const char kRow[] = "--rows 2 --columns 5 --full-turn --focal 16 --size 360x240";
 const char kErrors[] = " --head-error 0.3 --focal-error 1 --distortion -0.01";
-
-QStringList words(const QString &text)
-{
-    return text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
-}
 
 PictureTable tableOf(const ProjectRecord &record)
 {
@@ -91,10 +87,11 @@ class tst_Alignment : public QObject {
         QString &folder = m_made[arguments];
         if (folder.isEmpty()) {
             folder = m_folder.filePath(QStringLiteral("shooting%1").arg(++m_shootings));
-            const QStringList all
-                = words(arguments) + QStringList{QStringLiteral("--output"), folder};
-            if (QProcess::execute(QStringLiteral(MAKESHOOTING), all) != 0)
-                qWarning("makeshooting %s", qUtf8Printable(arguments));
+            const Run made
+                = run(MAKESHOOTING, words(arguments) + words("--output") + QStringList(folder));
+            if (made.code != 0)
+                qWarning(
+                    "makeshooting %s: %s", qUtf8Printable(arguments), made.failure().constData());
         }
         return folder;
     }
@@ -111,18 +108,13 @@ class tst_Alignment : public QObject {
         const QString output = folder + QStringLiteral("/record.json");
         all += {QStringLiteral("--force"), QStringLiteral("--record"), output,
             QStringLiteral("--output"), folder + QStringLiteral("/import.pto"), folder};
-        QProcess process;
-        process.setStandardOutputFile(QProcess::nullDevice());
-        process.start(QStringLiteral(PANOHOST), all);
-        process.waitForFinished();
-        QFile file(output);
+        const Run import = run(PANOHOST, all);
         QString problem;
-        if (process.exitCode() != 0 || !file.open(QIODevice::ReadOnly)) {
-            qWarning("panohost import %s: %s", qUtf8Printable(arguments),
-                process.readAllStandardError().constData());
-            return {};
-        }
-        return recordFromJson(file.readAll(), &problem).value_or(ProjectRecord());
+        const auto record = recordFromJson(contentIfThere(output), &problem);
+        if (import.code != 0 || !record)
+            qWarning("panohost import %s: %s %s", qUtf8Printable(arguments),
+                import.failure().constData(), qUtf8Printable(problem));
+        return record.value_or(ProjectRecord());
     }
 
     QString stacks()

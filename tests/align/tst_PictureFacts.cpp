@@ -3,6 +3,7 @@
 
 #include "align/PictureFacts.h"
 #include "tests/align/TestPicture.h"
+#include "tests/support/Files.h"
 #include "tests/support/Table.h"
 
 #include <QDir>
