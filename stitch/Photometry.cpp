@@ -52,7 +52,7 @@ PhotometryCall photometryCall(const PtoProject &project, const QVector<PictureLi
             QString::number(halvings), QStringLiteral("-o"), result, input}};
 }
 
-void PhotometryJudge::hear(const QByteArray &line)
+void PhotometryCheck::readLine(const QByteArray &line)
 {
     static const QRegularExpression pattern(
         QStringLiteral("^Iteration: [0-9]+, error: ([0-9.eE+-]+)"));
@@ -64,7 +64,7 @@ void PhotometryJudge::hear(const QByteArray &line)
         m_first = m_last;
 }
 
-QVector<PictureLight> PhotometryJudge::judge(
+QVector<PictureLight> PhotometryCheck::accepted(
     const QByteArray &text, const QVector<PictureLight> &light, const QString &folder) const
 {
     QString problem;

@@ -15,14 +15,15 @@ struct PhotometryCall {
 PhotometryCall photometryCall(const PtoProject &project, const QVector<PictureLight> &light,
     bool vignettingOnly, const QString &input, const QString &result);
 
-/// Hears vig_optimize's lines: how well colours agree where pictures overlap.
-class PhotometryJudge {
+/// Checks what vig_optimize has found, by its lines too: how well colours agree where pictures
+/// overlap.
+class PhotometryCheck {
 public:
-    void hear(const QByteArray &line);
+    void readLine(const QByteArray &line);
 
     /// What \a text, the tool's result, makes of \a light, brightness as a whole unchanged.
     /// \a light itself where the tool found nothing that helps, or what no lens and no camera does.
-    QVector<PictureLight> judge(
+    QVector<PictureLight> accepted(
         const QByteArray &text, const QVector<PictureLight> &light, const QString &folder) const;
 
 private:

@@ -35,6 +35,11 @@ const char *suffixOf(OutputFormat format)
     return format == OutputFormat::Jpeg ? ".jpg" : format == OutputFormat::Tiff ? ".tif" : ".exr";
 }
 
+QString unreadable(const QString &path)
+{
+    return StitchTexts::tr("%1: cannot be read").arg(path);
+}
+
 /// The places of the pictures that stand for their locations: those of middle exposure.
 QVector<int> representatives(const PtoProject &project)
 {
@@ -104,8 +109,8 @@ private:
     bool tell(double part) { return m_progress.tell(m_step, part); }
 
     /// Runs \a calls, whose work is as \a weights (else equal); \a done finishes what a call has
-    /// made, false when it cannot.
-    bool run(const QVector<ToolCall> &calls, const std::function<bool(int)> &done,
+    /// made, or says why it cannot.
+    bool run(const QVector<ToolCall> &calls, const std::function<QString(int)> &done,
         const std::function<void(const QByteArray &)> &line = {},
         const QVector<double> &weights = {})
     {
@@ -123,11 +128,10 @@ private:
                 line(text);
         };
         listener.done = [&](int call) {
-            if (!done(call))
-                return StitchTexts::tr("%1: cannot be written to").arg(m_folder.path());
+            const QString problem = done(call);
             ended += whole > 0 ? weights.at(call) / whole : 1.0 / calls.size();
             m_part = ended;
-            return QString();
+            return problem;
         };
         const ToolOutcome outcome = ToolRunner(settings).run(calls, listener);
         m_result.problem = outcome.problem;
@@ -136,12 +140,8 @@ private:
 
     bool write(const QString &path, const QByteArray &content)
     {
-        QFile file(path);
-        if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size()
-            && file.flush())
-            return true;
-        m_result.problem = unwritable(path, file.errorString());
-        return false;
+        m_result.problem = writeWhole({{path, content}});
+        return m_result.problem.isEmpty();
     }
 
     bool evenOut()
@@ -160,24 +160,25 @@ private:
             const QString input = result + QStringLiteral(".in.pto");
             const PhotometryCall call
                 = photometryCall(m_project, m_light, vignettingOnly, input, result);
-            PhotometryJudge judge;
+            PhotometryCheck check;
             int loaded = 0;
-            const auto hear = [&](const QByteArray &line) {
-                judge.hear(line);
+            const auto readLine = [&](const QByteArray &line) {
+                check.readLine(line);
                 if (line.startsWith("loading"))
                     m_part = std::min(1.0, double(++loaded) / m_project.pictures.size());
             };
             const auto done = [&](int) {
                 QFile file(result);
                 if (!file.open(QIODevice::ReadOnly))
-                    return false;
-                const QByteArray judged = photometricScript(m_project,
-                    judge.judge(file.readAll(), m_light, m_folder.path()), vignettingOnly, 0);
+                    return unreadable(result);
+                const QByteArray accepted = photometricScript(m_project,
+                    check.accepted(file.readAll(), m_light, m_folder.path()), vignettingOnly, 0);
                 file.close();
-                return write(result, judged) && WorkFolder::finish(result, finished);
+                const QString problem = writeWhole({{result, accepted}});
+                return problem.isEmpty() ? WorkFolder::finish(result, finished) : problem;
             };
             if (!write(input, call.script)
-                || !run({{QStringLiteral("vig_optimize"), call.arguments, result}}, done, hear))
+                || !run({{QStringLiteral("vig_optimize"), call.arguments, result}}, done, readLine))
                 return false;
             QFile::remove(input);
         }
@@ -187,7 +188,7 @@ private:
             ? readProject(file.readAll(), m_folder.path(), &problem)
             : std::nullopt;
         if (!read || read->light.size() != m_light.size()) {
-            m_result.problem = StitchTexts::tr("%1: cannot be read").arg(finished);
+            m_result.problem = unreadable(finished);
             return false;
         }
         for (int i = 0; i < m_light.size(); ++i)
@@ -242,8 +243,9 @@ private:
             const QString made = calls.at(call).result;
             if (isRadiance) {
                 // The tool that merges looks for these beside the picture, by its name.
-                if (!WorkFolder::finish(grayOf(made), grayOf(wanted.at(call))))
-                    return false;
+                const QString problem = WorkFolder::finish(grayOf(made), grayOf(wanted.at(call)));
+                if (!problem.isEmpty())
+                    return problem;
             }
             return WorkFolder::finish(made, wanted.at(call));
         };
@@ -404,16 +406,20 @@ private:
     {
         const QString whole = m_folder.unfinished(m_blended);
         const QString first = m_project.pictures.at(representatives(m_project).constFirst()).path;
+        QString &problem = m_result.problem;
         if (m_format == OutputFormat::Exr) {
-            m_result.problem = writeRadiance(m_blended, whole, first, m_frame);
-        } else if (m_wishes.keep ? QFile::copy(m_blended, whole)
-                                 : WorkFolder::finish(m_blended, whole)) {
-            m_result.problem = writeTags(whole, first, m_frame);
+            problem = writeRadiance(m_blended, whole, first, m_frame);
         } else {
-            m_result.problem = unwritable(whole);
+            QFile blended(m_blended);
+            if (!m_wishes.keep)
+                problem = WorkFolder::finish(m_blended, whole);
+            else if (!blended.copy(whole))
+                problem = unwritable(whole, blended.errorString());
+            if (problem.isEmpty())
+                problem = writeTags(whole, first, m_frame);
         }
-        if (m_result.problem.isEmpty() && !WorkFolder::finish(whole, m_wishes.output))
-            m_result.problem = unwritable(m_wishes.output);
+        if (problem.isEmpty())
+            problem = WorkFolder::finish(whole, m_wishes.output);
         return m_result.problem.isEmpty();
     }
 

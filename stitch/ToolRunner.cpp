@@ -111,7 +111,10 @@ public:
         if (!m_log.open(QIODevice::Append))
             return {ToolOutcome::End::Failed, unwritable(m_log.fileName(), m_log.errorString())};
         QTimer pulse;
-        QObject::connect(&pulse, &QTimer::timeout, &m_loop, [this] { feelPulse(); });
+        QObject::connect(&pulse, &QTimer::timeout, &m_loop, [this] {
+            checkForHang();
+            advance();
+        });
         pulse.start(m_settings.pulse);
         advance();
         if (!isAtEnd())
@@ -156,7 +159,8 @@ private:
         job.process.setProcessEnvironment(environment);
         job.process.setProcessChannelMode(QProcess::MergedChannels);
         job.process.setStandardInputFile(QProcess::nullDevice());
-        QObject::connect(&job.process, &QProcess::readyRead, &m_loop, [this, &job] { hear(job); });
+        QObject::connect(
+            &job.process, &QProcess::readyRead, &m_loop, [this, &job] { readOutput(job); });
         QObject::connect(&job.process, qOverload<int, QProcess::ExitStatus>(&QProcess::finished),
             &m_loop, [this, &job] { finish(job); });
         QObject::connect(&job.process, &QProcess::errorOccurred, &m_loop,
@@ -171,13 +175,13 @@ private:
         job.group = pid_t(job.process.processId());
     }
 
-    void hear(Job &job)
+    void readOutput(Job &job)
     {
         job.sinceSignOfLife.start();
-        const QByteArray heard = job.process.readAll();
-        m_log.write(heard);
+        const QByteArray output = job.process.readAll();
+        m_log.write(output);
         m_log.flush();
-        job.unfinishedLine += heard;
+        job.unfinishedLine += output;
         while (true) {
             const auto isEnd = [](char c) { return c == '\n' || c == '\r'; };
             const auto end
@@ -203,7 +207,7 @@ private:
 
     void finish(Job &job)
     {
-        hear(job);
+        readOutput(job);
         takeLine(job, job.unfinishedLine);
         const QProcess &process = job.process;
         const QString &result = m_calls.at(job.call).result;
@@ -245,7 +249,7 @@ private:
             m_outcome = outcome;
     }
 
-    void feelPulse()
+    void checkForHang()
     {
         for (const std::unique_ptr<Job> &job : m_jobs) {
             if (job->isOver || job->sinceSignOfLife.elapsed() < m_settings.patience)
@@ -256,7 +260,6 @@ private:
             job->computed = computed;
             job->sinceSignOfLife.start();
         }
-        advance();
     }
 
     /// What has not ended well is ended, with all that it started.

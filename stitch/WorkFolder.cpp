@@ -3,12 +3,13 @@
 
 #include "stitch/WorkFolder.h"
 
+#include "align/OutputFile.h"
+
 #include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
-#include <cstdio>
 
 namespace {
 
@@ -87,11 +88,9 @@ QStringList WorkFolder::allUnfinished(const QString &pattern) const
     return paths;
 }
 
-bool WorkFolder::finish(const QString &unfinished, const QString &finished)
+QString WorkFolder::finish(const QString &unfinished, const QString &finished)
 {
-    return std::rename(
-               QFile::encodeName(unfinished).constData(), QFile::encodeName(finished).constData())
-        == 0;
+    return moveFile(unfinished, finished);
 }
 
 void WorkFolder::prune() const

@@ -34,8 +34,8 @@ public:
     QString unfinished(const QString &finished) const;
     /// The unfinished files of names like \a pattern, in their order.
     QStringList allUnfinished(const QString &pattern) const;
-    /// Makes what was unfinished finished. False when it cannot.
-    static bool finish(const QString &unfinished, const QString &finished);
+    /// Makes what was unfinished finished. Empty, or a sentence: why it cannot be.
+    static QString finish(const QString &unfinished, const QString &finished);
 
     /// Takes finished files away that finished() was not asked for since open().
     void prune() const;

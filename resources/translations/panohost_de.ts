@@ -924,10 +924,6 @@ Brennweite aller Bilder in mm, wie bei Kleinbild (36 × 24&#xa0;mm):</translatio
 <context>
     <name>Stitching</name>
     <message>
-        <source>%1: cannot be written to</source>
-        <translation>%1: dorthin kann nicht geschrieben werden</translation>
-    </message>
-    <message>
         <source>%1: cannot be read</source>
         <translation>%1: kann nicht gelesen werden</translation>
     </message>

@@ -924,10 +924,6 @@ Longueur focale de toutes les images en mm, comme en 24 × 36&#xa0;mm&#xa0;:</tr
 <context>
     <name>Stitching</name>
     <message>
-        <source>%1: cannot be written to</source>
-        <translation>%1&#xa0;: impossible d’y écrire</translation>
-    </message>
-    <message>
         <source>%1: cannot be read</source>
         <translation>%1&#xa0;: ne peut pas être lu</translation>
     </message>

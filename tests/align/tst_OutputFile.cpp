@@ -99,6 +99,55 @@ private slots:
         QCOMPARE(QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::Hidden), before);
     }
 
+    void moves_data()
+    {
+        const Table<QString, QString, QString> row("from", "to", "problem");
+        QDir(m_folder.path()).mkpath(QStringLiteral("full/inside"));
+        row("a file", "from", "to", "");
+        row("over another", "from", "other", "");
+        row("a folder", "folder from", "new folder", "");
+        row("over a folder", "from", "full", "Is a directory");
+        row("a folder over a full one", "folder from", "full", "Directory not empty");
+        row("nothing", "missing", "to", "No such file or directory");
+        row("into nothing", "from", "missing/to", "No such file or directory");
+    }
+    void moves()
+    {
+        QFETCH(QString, from);
+        QFETCH(QString, to);
+        QFETCH(QString, problem);
+        writeFile(at("from"), "moved");
+        writeFile(at("other"), "other");
+        QDir(m_folder.path()).mkpath(QStringLiteral("folder from"));
+        const QString target = m_folder.filePath(to);
+        const bool isLeft = QFileInfo::exists(m_folder.filePath(from));
+        QCOMPARE(moveFile(m_folder.filePath(from), target),
+            problem.isEmpty() ? QString()
+                              : QStringLiteral("%1: cannot be written: %2").arg(target, problem));
+        QCOMPARE(QFileInfo::exists(m_folder.filePath(from)), isLeft && !problem.isEmpty());
+        if (problem.isEmpty() && from == QLatin1String("from"))
+            QCOMPARE(fileContent(target), QByteArray("moved"));
+    }
+
+    void makesFolders_data()
+    {
+        const Table<QString, QString> row("path", "problem");
+        writeFile(at("file"), "x");
+        row("several", "deep/down/there", "");
+        row("there already", "deep/down", "");
+        row("a file", "file/down", "Not a directory");
+    }
+    void makesFolders()
+    {
+        QFETCH(QString, path);
+        QFETCH(QString, problem);
+        const QString folder = m_folder.filePath(path);
+        QCOMPARE(makeFolder(folder),
+            problem.isEmpty() ? QString()
+                              : QStringLiteral("%1: cannot be written: %2").arg(folder, problem));
+        QCOMPARE(QFileInfo(folder).isDir(), problem.isEmpty());
+    }
+
 private:
     QString at(const char *name) const { return m_folder.filePath(QString::fromLatin1(name)); }
 

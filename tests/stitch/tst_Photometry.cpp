@@ -30,7 +30,7 @@ class tst_Photometry : public QObject {
     Q_OBJECT
 
 private slots:
-    void judges_data()
+    void checks_data()
     {
         const Table<QByteArray, QByteArray, QByteArray, QString> row(
             "errors", "exposures", "vignetting", "expected");
@@ -45,21 +45,21 @@ private slots:
         row("no lens does that either", "9 4", "12 12 12", "0.5", untouched);
         row("pictures are missing", "9 4", "12 12.6", "-0.2", untouched);
     }
-    void judges()
+    void checks()
     {
         QFETCH(QByteArray, errors);
         QFETCH(QByteArray, exposures);
         QFETCH(QByteArray, vignetting);
-        PhotometryJudge judge;
-        judge.hear("loading: 1.jpg");
+        PhotometryCheck check;
+        check.readLine("loading: 1.jpg");
         if (!errors.isEmpty()) {
             for (const QByteArray &error : errors.split(' '))
-                judge.hear("Iteration: 1, error: " + error);
+                check.readLine("Iteration: 1, error: " + error);
         }
         QByteArray text;
         for (const QByteArray &exposure : exposures.split(' '))
             text += "i w90 h60 f0 v50 Vb" + vignetting + " Eev" + exposure + " n\"a.jpg\"\n";
-        QTEST(told(judge.judge(text, threeLights(), QStringLiteral("/x"))), "expected");
+        QTEST(told(check.accepted(text, threeLights(), QStringLiteral("/x"))), "expected");
     }
 };
 
