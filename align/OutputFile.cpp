@@ -54,9 +54,8 @@ QString problemOf(const QString &path, const std::error_code &error)
 
 } // namespace
 
-OutputGuard::OutputGuard(const QStringList &inputs, bool force, Writes writes)
-    : m_force(force)
-    , m_writes(writes)
+OutputGuard::OutputGuard(const QStringList &inputs, Writes writes)
+    : m_writes(writes)
 {
     for (const QString &path : inputs) {
         if (const auto id = fileId(path))
@@ -81,7 +80,7 @@ QString OutputGuard::objection(const QString &path) const
         return OutputTexts::tr("is no regular file");
     if (m_writes == Writes::Projects && isPrecious(path))
         return OutputTexts::tr("is a picture or a head's file, which is never written over");
-    return m_force ? QString() : QStringLiteral("exists already; --force writes over it");
+    return {};
 }
 
 bool isSameFile(const QString &a, const QString &b)

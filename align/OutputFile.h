@@ -16,9 +16,9 @@ public:
     enum class Writes { Projects, Pictures };
 
     /// \a inputs are the files that the import reads: never written over, by whatever name (links
-    /// included) they are called, and neither is any other picture or head's file. Other files that
-    /// exist are written over when \a force is set.
-    OutputGuard(const QStringList &inputs, bool force, Writes writes = Writes::Projects);
+    /// included) they are called, and neither is any other picture or head's file. About other
+    /// files that exist the user is to be asked.
+    explicit OutputGuard(const QStringList &inputs, Writes writes = Writes::Projects);
 
     /// Why \a path must not be written, in words that follow its name and a colon; empty when it
     /// may.
@@ -27,7 +27,6 @@ public:
 private:
     using FileId = QPair<quint64, quint64>;
     QSet<FileId> m_inputs;
-    bool m_force;
     Writes m_writes;
 };
 

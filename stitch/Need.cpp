@@ -148,20 +148,25 @@ qint64 availableMemory()
     return 0;
 }
 
-QString excess(const Need &need, qint64 memoryLimit, const QString &folder, qint64 kept)
+Problem excess(const Need &need, qint64 memoryLimit, const QString &folder, qint64 kept)
 {
-    const qint64 memory = memoryLimit > 0 ? memoryLimit : availableMemory();
-    if (memory > 0 && need.memory > memory)
-        return (memoryLimit > 0
-                ? QStringLiteral("this needs some %1 of memory, and --memory allows %2; a smaller "
-                                 "--width needs less")
-                : NeedTexts::tr("this needs some %1 of memory, and there are %2; a smaller --width "
-                                "needs less"))
-            .arg(inGigabytes(need.memory), inGigabytes(memory));
+    const bool isLimited = memoryLimit > 0;
+    const qint64 memory = isLimited ? memoryLimit : availableMemory();
+    if (memory > 0 && need.memory > memory) {
+        const QString text = isLimited
+            ? QStringLiteral("this needs some %1 of memory, and %2 are allowed; a narrower "
+                             "panorama needs less")
+            : NeedTexts::tr("this needs some %1 of memory, and there are %2; a narrower panorama "
+                            "needs less");
+        return {text.arg(inGigabytes(need.memory), inGigabytes(memory)),
+            isLimited ? Remedy::NarrowerPanoramaOrMoreMemory : Remedy::NarrowerPanorama};
+    }
     const QStorageInfo storage(folder);
     if (storage.isValid() && need.disk - kept > storage.bytesAvailable())
-        return NeedTexts::tr("this needs some %1 on the disk of %2, where %3 are free; a smaller "
-                             "--width needs less")
-            .arg(inGigabytes(need.disk - kept), folder, inGigabytes(storage.bytesAvailable()));
+        return {
+            NeedTexts::tr("this needs some %1 on the disk of %2, where %3 are free; a narrower "
+                          "panorama needs less")
+                .arg(inGigabytes(need.disk - kept), folder, inGigabytes(storage.bytesAvailable())),
+            Remedy::NarrowerPanorama};
     return {};
 }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "stitch/Frame.h"
+#include "stitch/Problem.h"
 
 /// What the finished picture is made as.
 enum class Rendering {
@@ -41,4 +42,4 @@ qint64 availableMemory();
 
 /// Why \a need is too much, with figures; empty when it is not. \a memoryLimit 0: what is
 /// available. \a kept bytes of the need lie in \a folder already.
-QString excess(const Need &need, qint64 memoryLimit, const QString &folder, qint64 kept);
+Problem excess(const Need &need, qint64 memoryLimit, const QString &folder, qint64 kept);

@@ -37,7 +37,8 @@ std::optional<ReadProject> aligned(const ProjectRecord &record, const PictureTab
     if (!folder.has(project)) {
         AlignOptions options;
         options.cacheFolder = folder.file(QStringLiteral("matches"));
-        const auto alignment = alignRecord(record, pictures, options, progress, &panorama->problem);
+        const auto alignment
+            = alignRecord(record, pictures, options, progress, &panorama->problem.text);
         if (!alignment)
             return std::nullopt;
         // The project last: where it is, the reports are.
@@ -50,7 +51,7 @@ std::optional<ReadProject> aligned(const ProjectRecord &record, const PictureTab
     }
     panorama->report = QString::fromUtf8(contentOf(report));
     panorama->reportJson = contentOf(reportJson);
-    return readProject(contentOf(project), folder.path(), &panorama->problem);
+    return readProject(contentOf(project), folder.path(), &panorama->problem.text);
 }
 
 void finish(const ReadProject &project, const StitchWishes &wishes, WorkFolder &folder,
@@ -92,7 +93,7 @@ Panorama makePanorama(const ProjectRecord &record, const PictureTable &pictures,
     const StitchWishes &wishes, const Progress &progress)
 {
     Panorama panorama;
-    const auto recorded = projectOf(record, pictures, &panorama.problem);
+    const auto recorded = projectOf(record, pictures, &panorama.problem.text);
     if (!recorded)
         return panorama;
     return makePanorama(

@@ -10,8 +10,8 @@
 /// A finished panorama, or why there is none.
 struct Panorama {
     bool done = false;
-    /// When neither done nor cancelled: what went wrong, a sentence.
-    QString problem;
+    /// When neither done nor cancelled.
+    Problem problem;
     Stitched stitched;
     /// What the alignment found, for people and for programs; empty where nothing was aligned.
     QString report;

@@ -57,7 +57,7 @@ QString foreignPicture(const PtoProject &project)
 }
 
 /// Why there can be no web folder; empty when there can, or none is wanted.
-QString webMisfit(Rendering rendering, const Frame &frame, const StitchWishes &wishes)
+Problem webMisfit(Rendering rendering, const Frame &frame, const StitchWishes &wishes)
 {
     if (wishes.web.path.isEmpty())
         return {};
@@ -108,17 +108,17 @@ QStringList toolsFor(Rendering rendering, const StitchWishes &wishes)
 
 } // namespace
 
-QString stitchObstacle(const PtoProject &project, const StitchWishes &wishes, qint64 kept)
+Problem stitchObstacle(const PtoProject &project, const StitchWishes &wishes, qint64 kept)
 {
     const Rendering rendering = renderingOf(project);
-    QString problem = nameMisfit(rendering, wishes);
+    Problem problem = nameMisfit(rendering, wishes);
     if (problem.isEmpty())
         problem = missingTools(toolsFor(rendering, wishes));
     if (problem.isEmpty())
         problem = foreignPicture(project);
     if (!problem.isEmpty())
         return problem;
-    const auto frame = frameOf(project, wishes.frame, &problem);
+    const auto frame = frameOf(project, wishes.frame, &problem.text);
     if (!frame)
         return problem;
     problem = webMisfit(rendering, *frame, wishes);
@@ -127,11 +127,11 @@ QString stitchObstacle(const PtoProject &project, const StitchWishes &wishes, qi
     const OutputFormat format = formatOf(wishes.output);
     const int longest = std::max(frame->crop.width(), frame->crop.height());
     if (format == OutputFormat::Jpeg && longest > kLongestJpegSide)
-        return ObstacleTexts::tr(
-            "%1: would have %2 pixels a side, and a JPEG has at most %3; a .tif "
-            "or --width %4 would do")
-            .arg(wishes.output, QLocale().toString(longest), QLocale().toString(kLongestJpegSide),
-                QString::number(kLongestJpegSide));
+        return {ObstacleTexts::tr("%1: would have %2 pixels a side, and a JPEG has at most %3; a "
+                                  ".tif or a narrower panorama would do")
+                    .arg(wishes.output, QLocale().toString(longest),
+                        QLocale().toString(kLongestJpegSide)),
+            Remedy::NarrowerPanorama};
     const Need need = needOf(project, *frame, layerRects(project, *frame), rendering,
         format == OutputFormat::Tiff, jobsOf(wishes));
     return excess(need, wishes.memory, QFileInfo(wishes.output).absolutePath(), kept);

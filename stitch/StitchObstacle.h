@@ -4,9 +4,10 @@
 #pragma once
 
 #include "align/PtoProject.h"
+#include "stitch/Problem.h"
 #include "stitch/StitchOptions.h"
 
 /// Why \a wishes cannot be had for \a project, before anything is done: the output's name does not
 /// fit, a tool is missing, the picture is too large. Empty when they can. Of the disk that it needs
 /// \a kept bytes hold work that was done before.
-QString stitchObstacle(const PtoProject &project, const StitchWishes &wishes, qint64 kept = 0);
+Problem stitchObstacle(const PtoProject &project, const StitchWishes &wishes, qint64 kept = 0);

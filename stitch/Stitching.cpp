@@ -73,7 +73,7 @@ public:
     Stitched go(const QVector<PictureLight> &light)
     {
         m_light = light.size() == m_project.pictures.size() ? light : plainLight(m_project);
-        const auto frame = frameOf(m_project, m_wishes.frame, &m_result.problem);
+        const auto frame = frameOf(m_project, m_wishes.frame, &m_result.problem.text);
         if (!frame)
             return m_result;
         m_frame = *frame;
@@ -308,7 +308,8 @@ private:
         QStringList layers = m_remapped;
         layers.removeAll(QString());
         if (layers.isEmpty()) {
-            m_result.problem = QStringLiteral("no picture lies in what --crop leaves");
+            m_result.problem
+                = {QStringLiteral("no picture lies within the crop"), Remedy::OtherCrop};
             return false;
         }
         const QRect &crop = m_frame.crop;
@@ -346,7 +347,7 @@ private:
         bool mayRetry = true;
         bool isDone = blendLayers(together, layers, &mayRetry);
         for (int attempt = 0; attempt < 2 && !isDone && mayRetry; ++attempt) {
-            m_result.problem.clear();
+            m_result.problem = {};
             isDone = blendLayers(arguments, layers, &mayRetry);
             std::reverse(layers.begin(), layers.end());
         }
@@ -406,7 +407,7 @@ private:
     {
         const QString whole = m_folder.unfinished(m_blended);
         const QString first = m_project.pictures.at(representatives(m_project).constFirst()).path;
-        QString &problem = m_result.problem;
+        QString problem;
         if (m_format == OutputFormat::Exr) {
             problem = writeRadiance(m_blended, whole, first, m_frame);
         } else {
@@ -420,7 +421,8 @@ private:
         }
         if (problem.isEmpty())
             problem = WorkFolder::finish(whole, m_wishes.output);
-        return m_result.problem.isEmpty();
+        m_result.problem = problem;
+        return problem.isEmpty();
     }
 
     PtoProject m_project;

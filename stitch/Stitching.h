@@ -4,6 +4,7 @@
 #pragma once
 
 #include "align/Progress.h"
+#include "stitch/Problem.h"
 #include "stitch/PtoReader.h"
 #include "stitch/StitchOptions.h"
 #include "stitch/WorkFolder.h"
@@ -12,8 +13,8 @@
 
 struct Stitched {
     bool done = false;
-    /// When neither done nor cancelled: what went wrong, a sentence.
-    QString problem;
+    /// When neither done nor cancelled.
+    Problem problem;
     Frame frame;
     /// Whether vignetting or exposure were found to differ, and were evened out.
     bool evenedOut = false;

@@ -213,7 +213,7 @@ QString webViewerFolder()
     return {};
 }
 
-QString webObstacle(const WebFolder &folder)
+Problem webObstacle(const WebFolder &folder)
 {
     if (webViewerFolder().isEmpty())
         return QStringLiteral("this panohost was built without the viewer that a web folder needs: "
@@ -230,16 +230,16 @@ QString webObstacle(const WebFolder &folder)
         return {};
     if (!isWebFolder(existing))
         return QStringLiteral("%1: holds other things than an earlier web folder").arg(folder.path);
-    return folder.force
-        ? QString()
-        : QStringLiteral("%1: exists already; --force writes over it").arg(folder.path);
+    if (folder.force)
+        return {};
+    return {QStringLiteral("%1: exists already").arg(folder.path), Remedy::WritingOver};
 }
 
-QString writeWebFolder(const WebFolder &folder, const QString &picture, const Frame &frame,
+Problem writeWebFolder(const WebFolder &folder, const QString &picture, const Frame &frame,
     const QString &title, const Progress &progress, bool *isCancelled)
 {
     *isCancelled = false;
-    QString problem = webObstacle(folder);
+    Problem problem = webObstacle(folder);
     if (!problem.isEmpty())
         return problem;
     QImageReader reader(picture);
@@ -255,5 +255,7 @@ QString writeWebFolder(const WebFolder &folder, const QString &picture, const Fr
     if (problem.isEmpty())
         problem = writer.go(image.convertToFormat(QImage::Format_RGB32), title);
     *isCancelled = writer.isCancelled();
-    return problem.isEmpty() && !*isCancelled ? place.putInPlace() : problem;
+    if (!problem.isEmpty() || *isCancelled)
+        return problem;
+    return place.putInPlace();
 }

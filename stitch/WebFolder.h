@@ -5,6 +5,7 @@
 
 #include "align/Progress.h"
 #include "stitch/Frame.h"
+#include "stitch/Problem.h"
 
 /// A folder that shows a panorama to be turned and zoomed, in any browser.
 struct WebFolder {
@@ -21,11 +22,11 @@ struct WebFolder {
 QString webViewerFolder();
 
 /// Why \a folder cannot be written, before there is anything to show; empty when it can.
-QString webObstacle(const WebFolder &folder);
+Problem webObstacle(const WebFolder &folder);
 
 /// Writes \a folder for the 8 bit picture at \a picture, which is \a frame, an equirectangular one.
 /// The picture goes into the page itself, so that it also shows when opened from disk: a larger one
 /// than 8192 pixels, what the weakest graphics show, as a smaller copy, while from a server it is
-/// shown by tiles. Empty when done or cancelled by \a progress, else what went wrong, a sentence.
-QString writeWebFolder(const WebFolder &folder, const QString &picture, const Frame &frame,
+/// shown by tiles. Empty when done or cancelled by \a progress.
+Problem writeWebFolder(const WebFolder &folder, const QString &picture, const Frame &frame,
     const QString &title, const Progress &progress, bool *isCancelled);

@@ -8,6 +8,7 @@
 #include "apps/panohost/InputFile.h"
 #include "apps/panohost/heads/Head.h"
 
+#include <QFileInfo>
 #include <algorithm>
 
 namespace {
@@ -296,10 +297,12 @@ std::optional<ProjectRecord> readRecord(const QString &path, QString *problem)
 
 bool mayWrite(const HeadCommand &command, const QStringList &inputs, bool force)
 {
-    const OutputGuard guard(inputs, force, command.writes());
+    const OutputGuard guard(inputs, command.writes());
     QStringList problems;
     for (const QString &path : command.outputs()) {
-        const QString objection = guard.objection(path);
+        QString objection = guard.objection(path);
+        if (objection.isEmpty() && !force && QFileInfo::exists(path))
+            objection = QStringLiteral("exists already") + QLatin1String(kForceHint);
         if (!objection.isEmpty())
             problems.append(QStringLiteral("%1: %2").arg(path, objection));
     }

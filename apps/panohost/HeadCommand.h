@@ -45,6 +45,9 @@ QString helpOf(const HeadCommand &command);
 /// when there is none.
 std::optional<ProjectRecord> readRecord(const QString &path, QString *problem);
 
+/// What to do about a file that exists already, in words that follow that it does.
+constexpr char kForceHint[] = "; --force writes over it";
+
 /// Complains of what stands against \a command's outputs, given the files it reads; false when
 /// something does.
 bool mayWrite(const HeadCommand &command, const QStringList &inputs, bool force);

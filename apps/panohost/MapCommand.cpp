@@ -41,8 +41,7 @@ ExitCode draw(const QString &input, const QString &output, MapFormat format, int
     for (const QStringList &stack : record->groups)
         inputs += stack;
     // A map is made to be made again.
-    const QString objection
-        = OutputGuard(inputs, true, OutputGuard::Writes::Pictures).objection(output);
+    const QString objection = OutputGuard(inputs, OutputGuard::Writes::Pictures).objection(output);
     if (!objection.isEmpty())
         return failed(output, objection);
     QStringList damaged;

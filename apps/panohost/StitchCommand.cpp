@@ -27,6 +27,24 @@ constexpr Projection kProjections[]
     = {Projection::Rectilinear, Projection::Cylindrical, Projection::Equirectangular};
 constexpr Crop kCrops[] = {Crop::Covered, Crop::Inside, Crop::Full};
 
+/// The options that stand for \a remedy, in words that follow the problem.
+QString hintFor(Remedy remedy)
+{
+    switch (remedy) {
+    case Remedy::None:
+        break;
+    case Remedy::NarrowerPanorama:
+        return QStringLiteral(" (--width)");
+    case Remedy::NarrowerPanoramaOrMoreMemory:
+        return QStringLiteral(" (--width, --memory)");
+    case Remedy::OtherCrop:
+        return QStringLiteral(" (--crop)");
+    case Remedy::WritingOver:
+        return QLatin1String(kForceHint);
+    }
+    return {};
+}
+
 class StitchCommand final : public HeadCommand {
 public:
     QString name() const override { return QStringLiteral("stitch"); }
@@ -106,7 +124,7 @@ private:
             panorama = making(line.untilInterrupted());
         }
         if (!panorama.problem.isEmpty())
-            console::complain(panorama.problem);
+            console::complain(panorama.problem.text + hintFor(panorama.problem.remedy));
         else if (!panorama.done)
             console::complain(QStringLiteral("interrupted; what is done so far is kept in %1, and "
                                              "the same command goes on from there")

@@ -544,12 +544,12 @@ Brennweite aller Bilder in mm, wie bei Kleinbild (36 × 24&#xa0;mm):</translatio
         <translation>%1&#xa0;GB</translation>
     </message>
     <message>
-        <source>this needs some %1 of memory, and there are %2; a smaller --width needs less</source>
-        <translation>Dafür sind etwa %1 Arbeitsspeicher nötig, frei sind %2; ein schmaleres Panorama (--width) braucht weniger</translation>
+        <source>this needs some %1 of memory, and there are %2; a narrower panorama needs less</source>
+        <translation>Dafür sind etwa %1 Arbeitsspeicher nötig, frei sind %2; ein schmaleres Panorama braucht weniger</translation>
     </message>
     <message>
-        <source>this needs some %1 on the disk of %2, where %3 are free; a smaller --width needs less</source>
-        <translation>Dafür sind etwa %1 auf der Platte von %2 nötig, frei sind dort %3; ein schmaleres Panorama (--width) braucht weniger</translation>
+        <source>this needs some %1 on the disk of %2, where %3 are free; a narrower panorama needs less</source>
+        <translation>Dafür sind etwa %1 auf der Platte von %2 nötig, frei sind dort %3; ein schmaleres Panorama braucht weniger</translation>
     </message>
 </context>
 <context>
@@ -917,8 +917,8 @@ Brennweite aller Bilder in mm, wie bei Kleinbild (36 × 24&#xa0;mm):</translatio
         <translation>%1: ein Panorama ist ein .jpg, ein .tif oder, für Radianz, ein .exr</translation>
     </message>
     <message>
-        <source>%1: would have %2 pixels a side, and a JPEG has at most %3; a .tif or --width %4 would do</source>
-        <translation>%1: hätte eine Seite von %2 Pixeln, ein JPEG höchstens eine von %3; ein .tif ginge, oder --width %4</translation>
+        <source>%1: would have %2 pixels a side, and a JPEG has at most %3; a .tif or a narrower panorama would do</source>
+        <translation>%1: hätte eine Seite von %2 Pixeln, ein JPEG höchstens eine von %3; ein .tif ginge, oder ein schmaleres Panorama</translation>
     </message>
 </context>
 <context>

@@ -544,12 +544,12 @@ Longueur focale de toutes les images en mm, comme en 24 × 36&#xa0;mm&#xa0;:</tr
         <translation>%1&#xa0;Go</translation>
     </message>
     <message>
-        <source>this needs some %1 of memory, and there are %2; a smaller --width needs less</source>
-        <translation>Il faut environ %1 de mémoire, et %2 sont libres&#xa0;; un panorama moins large (--width) en demande moins</translation>
+        <source>this needs some %1 of memory, and there are %2; a narrower panorama needs less</source>
+        <translation>Il faut environ %1 de mémoire, et %2 sont libres&#xa0;; un panorama moins large en demande moins</translation>
     </message>
     <message>
-        <source>this needs some %1 on the disk of %2, where %3 are free; a smaller --width needs less</source>
-        <translation>Il faut environ %1 sur le disque de %2, où %3 sont libres&#xa0;; un panorama moins large (--width) en demande moins</translation>
+        <source>this needs some %1 on the disk of %2, where %3 are free; a narrower panorama needs less</source>
+        <translation>Il faut environ %1 sur le disque de %2, où %3 sont libres&#xa0;; un panorama moins large en demande moins</translation>
     </message>
 </context>
 <context>
@@ -917,8 +917,8 @@ Longueur focale de toutes les images en mm, comme en 24 × 36&#xa0;mm&#xa0;:</tr
         <translation>%1&#xa0;: un panorama est un .jpg, un .tif ou, pour la radiance, un .exr</translation>
     </message>
     <message>
-        <source>%1: would have %2 pixels a side, and a JPEG has at most %3; a .tif or --width %4 would do</source>
-        <translation>%1&#xa0;: aurait %2 pixels de côté, et un JPEG en a au plus %3&#xa0;; un .tif conviendrait, ou --width %4</translation>
+        <source>%1: would have %2 pixels a side, and a JPEG has at most %3; a .tif or a narrower panorama would do</source>
+        <translation>%1&#xa0;: aurait %2 pixels de côté, et un JPEG en a au plus %3&#xa0;; un .tif ou un panorama moins large conviendrait</translation>
     </message>
 </context>
 <context>

@@ -315,6 +315,11 @@ private slots:
         QVERIFY(
             QByteArray::fromBase64(picture.mid(picture.indexOf('\'') + 1)).startsWith("\xff\xd8"));
         QCOMPARE(panohost(command + QLatin1String(" --force")).failure(), QByteArray());
+        QVERIFY(QFile::remove(at("pano.tif")));
+        const Run again = panohost(command);
+        QVERIFY2(
+            again.err.contains("pano.web: exists already; --force writes over it\n"), again.err);
+        QCOMPARE(again.code, 1);
     }
 
     void insideIsFull_data()
@@ -347,7 +352,8 @@ private slots:
         row("--project two/truth.pto --output pano.tif --preview", "a preview is a .jpg", 1);
         row("--project two/truth.pto --output no/pano.jpg", "there is no folder", 1);
         row("--project two/truth.pto --output two/IMG_0001.jpg --force", "is one of the files", 1);
-        row("--project two/truth.pto --output scene.png", "exists already", 1);
+        row("--project two/truth.pto --output scene.png",
+            "scene.png: exists already; --force writes over it", 1);
         row("--project foreign.pto --output pano.jpg",
             "raw.NEF: Hugin's tools cannot read such a file; develop or convert it and 1 more to",
             1);
@@ -356,11 +362,11 @@ private slots:
         row("--project sphere/truth.pto --output pano.jpg --projection rectilinear", "at most 160",
             1);
         row("--project sphere/truth.pto --output pano.jpg --width 60000 --memory 8",
-            "--memory allows 8.0 GB", 1);
+            "and 8.0 GB are allowed; a narrower panorama needs less (--width, --memory)", 1);
         row("--project sphere/truth.pto --output pano.jpg --width 100000 --memory 1000",
-            "a JPEG has at most 65000", 1);
+            "a JPEG has at most 65000; a .tif or a narrower panorama would do (--width)", 1);
         row("--project sphere/truth.pto --output pano.tif --width 1000000 --memory 100000",
-            "GB on the disk", 1);
+            "are free; a narrower panorama needs less (--width)", 1);
         row("--project two/truth.pto --output pano.jpg --web pano.web --projection rectilinear",
             "only an equirectangular", 1);
         row("vrdrive2 --config brackets/shooting.xml --output-type hdr brackets --output pano.exr "

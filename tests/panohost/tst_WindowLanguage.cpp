@@ -40,7 +40,7 @@ int speak(int argc, char **argv)
         window.findChild<QPushButton *>(QStringLiteral("forget"))->text(),
         module.imports().front().about().GetDescription(),
         QString(buttons.button(QDialogButtonBox::Cancel)->text()).remove(QLatin1Char('&')),
-        adviceFor(1), adviceFor(12345), OutputGuard({}, true).objection(QStringLiteral("/"))};
+        adviceFor(1), adviceFor(12345), OutputGuard({}).objection(QStringLiteral("/"))};
     std::fputs(said.join(QLatin1Char('\n')).toUtf8().constData(), stdout);
     return 0;
 }

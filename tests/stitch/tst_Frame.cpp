@@ -248,13 +248,15 @@ private slots:
             = needOf(ring, frame->scaledTo(width / 2), rects, Rendering::Plain, false, 2);
         QVERIFY(fused.disk > plain.disk && fused.memory > plain.memory);
         QVERIFY(half.disk < plain.disk);
-        QCOMPARE(excess(plain, 0, QStringLiteral("/"), plain.disk), QString());
-        QVERIFY(excess(plain, 50'000'000, QStringLiteral("/"), 0)
-                    .contains(QStringLiteral("--memory allows 0.1 GB")));
+        QCOMPARE(excess(plain, 0, QStringLiteral("/"), plain.disk).text, QString());
+        const Problem limited = excess(plain, 50'000'000, QStringLiteral("/"), 0);
+        QVERIFY(limited.text.contains(QStringLiteral(" and 0.1 GB are allowed; ")));
+        QCOMPARE(limited.remedy, Remedy::NarrowerPanoramaOrMoreMemory);
         Need vast = plain;
         vast.disk = 1'000'000'000'000'000'000;
-        QVERIFY(excess(vast, 0, QStringLiteral("/"), 0)
-                    .contains(QStringLiteral("1000000000.0 GB on the disk")));
+        const Problem full = excess(vast, 0, QStringLiteral("/"), 0);
+        QVERIFY(full.text.contains(QStringLiteral("1000000000.0 GB on the disk")));
+        QCOMPARE(full.remedy, Remedy::NarrowerPanorama);
     }
 };
 

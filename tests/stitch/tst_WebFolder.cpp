@@ -104,9 +104,9 @@ private:
         if (!pictureOf(frame).save(picture, "JPEG", 95))
             return QStringLiteral("the picture cannot be written");
         bool isCancelled = false;
-        const QString problem = writeWebFolder(
+        const Problem problem = writeWebFolder(
             folder, picture, frame, QStringLiteral("A <b> & c"), progress, &isCancelled);
-        return isCancelled ? QStringLiteral("cancelled") : problem;
+        return isCancelled ? QStringLiteral("cancelled") : problem.text;
     }
     QString at(const Text &name) const { return m_folder.filePath(name); }
 

@@ -204,7 +204,7 @@ bool FinishingPane::stitchInto(Outcome &outcome, const WrittenImport &import,
     };
     const Panorama panorama = ::makePanorama(*recorded, aligning, wishes, progress);
     if (outcome.problem.isEmpty())
-        outcome.problem = panorama.problem;
+        outcome.problem = panorama.problem.text;
     if (!panorama.done)
         return false;
     const PtoProject &project = outcome.aligned->project;
@@ -302,7 +302,7 @@ QString FinishingPane::askPlace()
     for (const QStringList &stack : qAsConst(m_import.record.groups))
         inputs += stack;
     // The dialog has asked about files that exist.
-    const OutputGuard guard(inputs, true, OutputGuard::Writes::Pictures);
+    const OutputGuard guard(inputs, OutputGuard::Writes::Pictures);
     while (true) {
         QFileDialog dialog(this, tr("Save the panorama"), offered.absolutePath());
         dialog.setAcceptMode(QFileDialog::AcceptSave);

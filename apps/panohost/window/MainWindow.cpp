@@ -240,7 +240,7 @@ bool MainWindow::finishImport(const ProjectRecord &record, const HeadFile &file)
     for (const QStringList &stack : record.groups)
         inputs += stack;
     // The dialog has asked about other files that exist.
-    const OutputGuard guard(inputs, true);
+    const OutputGuard guard(inputs);
     const PictureTable pictures = m_host.pictures();
     QString place;
     QByteArray text;
