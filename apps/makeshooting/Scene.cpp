@@ -8,6 +8,7 @@
 
 #include <QtMath>
 #include <iterator>
+#include <optional>
 
 namespace makeshooting {
 
@@ -139,10 +140,12 @@ void Scene::makeBalloons()
         balloon.stripe = i % 3 == 0 ? kCream : kColours[scramble(hash, 5) % std::size(kColours)];
         balloon.stripes = 6 + static_cast<int>(scramble(hash, 6) % 5);
         for (std::size_t cell = 0; cell < m_balloonsAbove.size(); ++cell) {
-            const double dx = balloon.centre.x
-                - (static_cast<double>(cell % kCells) + 0.5) * 2.0 / kCells + 1.0;
-            const double dz = balloon.centre.z
-                - (static_cast<double>(cell / kCells) + 0.5) * 2.0 / kCells + 1.0;
+            const std::size_t column = cell % kCells;
+            const std::size_t row = cell / kCells;
+            const double dx
+                = balloon.centre.x - (static_cast<double>(column) + 0.5) * 2.0 / kCells + 1.0;
+            const double dz
+                = balloon.centre.z - (static_cast<double>(row) + 0.5) * 2.0 / kCells + 1.0;
             // Half a cell's diagonal and a balloon with its basket.
             if (std::hypot(dx, dz) < 1.5 / kCells + 2.0 * static_cast<double>(balloon.radius))
                 m_balloonsAbove[cell].push_back(balloon);
@@ -324,105 +327,142 @@ bool Scene::hills(const View &view, Colour &colour) const
     return true;
 }
 
-bool Scene::houses(const View &view, bool front, Colour &colour) const
+namespace {
+
+constexpr Colour kRoofs[]
+    = {{0.40F, 0.13F, 0.08F}, {0.28F, 0.11F, 0.08F}, {0.16F, 0.17F, 0.20F}, {0.46F, 0.20F, 0.10F}};
+
+/// One of a row of houses, at the place that is looked at.
+struct House {
+    bool isFront;
+    quint32 hash;
+    /// Tangents: across the house, and of a storey.
+    float width;
+    float floor;
+    int floors;
+    /// 0 to 1 from its left to its right.
+    float across;
+    /// Tangents above its foot, and of the wall's upper edge.
+    float up;
+    float wallTop;
+};
+
+/// Nothing beside and above it.
+std::optional<Colour> roofOf(const House &house, float detail)
+{
+    const float over = house.up - house.wallTop;
+    const float gable = (house.isFront ? 0.040F : 0.022F) * (0.4F + fraction(house.hash, 3));
+    const bool pointed = fraction(house.hash, 4) < 0.55F;
+    const float top
+        = pointed ? gable * (1.0F - std::abs(2.0F * house.across - 1.0F)) : 0.3F * gable;
+    const float chimney = 0.15F + 0.6F * fraction(house.hash, 5);
+    const bool stack = std::abs(house.across - chimney) < 0.045F && over < gable;
+    if (over >= top && !stack)
+        return std::nullopt;
+    const float tile = noise(house.hash, house.across * house.width / 0.006F, over / 0.003F);
+    const float row = 0.75F + 0.5F * (over / 0.006F - std::floor(over / 0.006F));
+    const float rows = makeshooting::mix(1.0F, row, clamp01(2.0F - detail / 0.0022F));
+    const Colour tiles
+        = kRoofs[scramble(house.hash, 6) % std::size(kRoofs)] * (rows * (0.75F + 0.5F * tile));
+    return over >= top ? Colour{0.34F, 0.15F, 0.11F} : tiles;
+}
+
+/// A window, a door or flowers, or the wall beside them.
+Colour openingOf(const House &house, const Cell &storey, const Colour &plain)
+{
+    const int columns = (house.isFront ? 3 : 4) + static_cast<int>(scramble(house.hash, 8) % 3);
+    const Cell column(house.across, columns);
+    const quint32 hash = scramble(house.hash, 16 + column.index, storey.index);
+    const bool ground = house.isFront && storey.index == 0;
+    const bool door = ground
+        && column.index
+            == static_cast<int>(scramble(house.hash, 11) % static_cast<quint32>(columns));
+    const float x = std::abs(column.rest - 0.5F);
+    const float low = door ? 0.0F : 0.24F;
+    const float high = ground ? 0.64F : 0.82F;
+    const float half = 0.20F + 0.08F * fraction(house.hash, 12);
+    if (x < half + 0.05F && within(storey.rest, low - 0.05F, high + 0.06F)) {
+        if (x >= half || !within(storey.rest, low, high))
+            return plain * 0.62F + Colour{0.16F, 0.15F, 0.14F};
+        const float pane = fraction(hash);
+        if (door)
+            return Colour{0.24F, 0.12F, 0.06F} * (x < 0.015F ? 0.4F : 0.8F + 0.5F * pane);
+        if (fraction(hash, 1) > 0.6F && x > half * 0.62F)
+            return Colour{0.70F, 0.68F, 0.60F} * (0.6F + 0.4F * fraction(hash, 2));
+        if (x < 0.02F || std::abs(storey.rest - 0.58F) < 0.025F)
+            return {0.74F, 0.72F, 0.68F};
+        if (pane > 0.86F)
+            return {0.85F, 0.66F, 0.30F};
+        const float shine = clamp01((storey.rest - low) / (high - low) - x + 0.2F * pane);
+        return mix(kDark, {0.38F, 0.50F, 0.62F}, pane * shine);
+    }
+    if (!door && within(storey.rest, 0.12F, 0.19F) && x < half + 0.06F
+        && fraction(hash, 3) > 0.55F) {
+        const float bloom = fraction(scramble(hash, floorInt(column.rest * 24.0F)));
+        return bloom > 0.5F ? Colour{0.62F, 0.08F, 0.12F} : Colour{0.10F, 0.24F, 0.05F};
+    }
+    return plain;
+}
+
+Colour wallOf(const House &house, float detail)
 {
     static constexpr Colour kWalls[] = {{0.72F, 0.55F, 0.32F}, {0.62F, 0.28F, 0.18F},
         {0.75F, 0.70F, 0.58F}, {0.45F, 0.50F, 0.55F}, {0.78F, 0.62F, 0.40F}, {0.50F, 0.56F, 0.42F},
         {0.68F, 0.42F, 0.32F}, {0.80F, 0.78F, 0.72F}};
-    static constexpr Colour kRoofs[] = {
-        {0.40F, 0.13F, 0.08F}, {0.28F, 0.11F, 0.08F}, {0.16F, 0.17F, 0.20F}, {0.46F, 0.20F, 0.10F}};
     static constexpr const char *kSigns[]
         = {"CAFE", "HOTEL", "BOOKS", "PANORAMA", "BAKER", "LENS", "HOME", "ROMA"};
+    const Colour paint = kWalls[scramble(house.hash, 7) % std::size(kWalls)];
+    const float stain = fractalNoise(
+        house.hash, house.across * house.width * 40.0F, house.up * 40.0F, detail * 40.0F, 5);
+    const Colour plain = paint * (0.72F + 0.56F * stain);
+
+    const float storeys = house.floor * static_cast<float>(house.floors);
+    const Cell storey(house.up / storeys, house.floors);
+    const bool edge = house.across < 0.02F || house.across > 0.98F;
+    const bool cornice = house.wallTop - house.up < house.floor * 0.16F;
+    if (edge || cornice)
+        return plain * (edge ? 0.7F : 1.15F);
+    if (house.isFront && storey.index == 0 && storey.rest > 0.68F) {
+        const char *sign = kSigns[scramble(house.hash, 9) % std::size(kSigns)];
+        const float x = (house.across - 0.12F) / 0.76F;
+        const float y = (0.95F - storey.rest) / 0.20F;
+        if (!within(x, -0.04F, 1.04F))
+            return plain;
+        const Colour board = kRoofs[scramble(house.hash, 10) % std::size(kRoofs)];
+        return textCovers(sign, x, y) ? Colour{0.85F, 0.78F, 0.45F} : board * 0.8F;
+    }
+    return house.up < storeys ? openingOf(house, storey, plain) : plain;
+}
+
+} // namespace
+
+bool Scene::houses(const View &view, bool front, Colour &colour) const
+{
     const float base = front ? kFrontBase : kBackBase;
     const float highest = front ? 0.20F : 0.29F;
     if (!within(view.tangent, base, highest))
         return false;
 
     const int count = front ? 48 : 84;
-    const Cell house(view.turn, count);
-    const quint32 hash
-        = view.cellHash(m_options.seed, front ? kFacade : kBackdrop, house.index, count);
-    if (front && fraction(hash) < 0.24F)
+    const Cell cell(view.turn, count);
+    House house{};
+    house.isFront = front;
+    house.hash = view.cellHash(m_options.seed, front ? kFacade : kBackdrop, cell.index, count);
+    if (front && fraction(house.hash) < 0.24F)
         return false; // a gap through which one sees the row behind
-    const float width = kTurn / static_cast<float>(count);
-    const float floor = front ? 0.034F : 0.020F;
-    const int floors = front ? 2 + static_cast<int>(scramble(hash, 2) % 4)
-                             : 2 + static_cast<int>(scramble(hash, 2) % 9);
-    const float wallTop = base + floor * (static_cast<float>(floors) + 0.35F);
-    const float up = view.tangent - base;
-    const float across = house.rest;
+    house.width = kTurn / static_cast<float>(count);
+    house.floor = front ? 0.034F : 0.020F;
+    house.floors = 2 + static_cast<int>(scramble(house.hash, 2) % (front ? 4 : 9));
+    house.across = cell.rest;
+    house.up = view.tangent - base;
+    house.wallTop = house.floor * (static_cast<float>(house.floors) + 0.35F);
+    const std::optional<Colour> seen
+        = house.up < house.wallTop ? wallOf(house, m_detail) : roofOf(house, m_detail);
+    if (!seen)
+        return false;
     const auto sunSide = static_cast<float>(-(view.x * m_sun.x + view.z * m_sun.z)) / view.level;
     const float lit = 0.62F + 0.42F * std::max(sunSide, -0.35F);
-    const float haze = front ? 0.0F : 0.20F;
-
-    if (view.tangent >= wallTop) {
-        const float over = view.tangent - wallTop;
-        const float gable = (front ? 0.040F : 0.022F) * (0.4F + fraction(hash, 3));
-        const bool pointed = fraction(hash, 4) < 0.55F;
-        const float top = pointed ? gable * (1.0F - std::abs(2.0F * across - 1.0F)) : 0.3F * gable;
-        const float chimney = 0.15F + 0.6F * fraction(hash, 5);
-        const bool stack = std::abs(across - chimney) < 0.045F && over < gable;
-        if (over >= top && !stack)
-            return false;
-        const Colour roof = kRoofs[scramble(hash, 6) % std::size(kRoofs)];
-        const float tile = noise(hash, across * width / 0.006F, over / 0.003F);
-        const float row = 0.75F + 0.5F * (over / 0.006F - std::floor(over / 0.006F));
-        const float rows = mix(1.0F, row, clamp01(2.0F - m_detail / 0.0022F));
-        const Colour tiles = roof * (rows * (0.75F + 0.5F * tile));
-        colour = mix((over >= top ? Colour{0.34F, 0.15F, 0.11F} : tiles) * lit, kHaze, haze);
-        return true;
-    }
-
-    const Colour wall = kWalls[scramble(hash, 7) % std::size(kWalls)];
-    const float stain = fractalNoise(hash, across * width * 40.0F, up * 40.0F, m_detail * 40.0F, 5);
-    colour = wall * (0.72F + 0.56F * stain);
-
-    const Cell storey(up / (floor * static_cast<float>(floors)), floors);
-    const int columns = (front ? 3 : 4) + static_cast<int>(scramble(hash, 8) % 3);
-    const Cell column(across, columns);
-    const quint32 windowHash = scramble(hash, 16 + column.index, storey.index);
-    const bool edge = across < 0.02F || across > 0.98F;
-    const bool cornice = wallTop - view.tangent < floor * 0.16F;
-    if (edge || cornice) {
-        colour = colour * (edge ? 0.7F : 1.15F);
-    } else if (front && storey.index == 0 && storey.rest > 0.68F) {
-        const char *sign = kSigns[scramble(hash, 9) % std::size(kSigns)];
-        const float sx = (across - 0.12F) / 0.76F;
-        const float sy = (0.95F - storey.rest) / 0.20F;
-        const Colour board = kRoofs[scramble(hash, 10) % std::size(kRoofs)];
-        if (within(sx, -0.04F, 1.04F))
-            colour = textCovers(sign, sx, sy) ? Colour{0.85F, 0.78F, 0.45F} : board * 0.8F;
-    } else if (up < floor * static_cast<float>(floors)) {
-        const bool door = front && storey.index == 0
-            && column.index == static_cast<int>(scramble(hash, 11) % static_cast<quint32>(columns));
-        const float x = std::abs(column.rest - 0.5F);
-        const float low = door ? 0.0F : 0.24F;
-        const float high = front && storey.index == 0 ? 0.64F : 0.82F;
-        const float half = 0.20F + 0.08F * fraction(hash, 12);
-        if (x < half + 0.05F && within(storey.rest, low - 0.05F, high + 0.06F)) {
-            colour = colour * 0.62F + Colour{0.16F, 0.15F, 0.14F};
-            if (x < half && within(storey.rest, low, high)) {
-                const bool bar = x < 0.02F || std::abs(storey.rest - 0.58F) < 0.025F;
-                const float pane = fraction(windowHash);
-                const float shine = clamp01((storey.rest - low) / (high - low) - x + 0.2F * pane);
-                if (door)
-                    colour = Colour{0.24F, 0.12F, 0.06F} * (x < 0.015F ? 0.4F : 0.8F + 0.5F * pane);
-                else if (bar)
-                    colour = {0.74F, 0.72F, 0.68F};
-                else if (pane > 0.86F)
-                    colour = {0.85F, 0.66F, 0.30F};
-                else
-                    colour = mix(kDark, {0.38F, 0.50F, 0.62F}, pane * shine);
-                if (!door && fraction(windowHash, 1) > 0.6F && x > half * 0.62F)
-                    colour = Colour{0.70F, 0.68F, 0.60F} * (0.6F + 0.4F * fraction(windowHash, 2));
-            }
-        } else if (!door && within(storey.rest, 0.12F, 0.19F) && x < half + 0.06F
-            && fraction(windowHash, 3) > 0.55F) {
-            const float bloom = fraction(scramble(windowHash, floorInt(column.rest * 24.0F)));
-            colour = bloom > 0.5F ? Colour{0.62F, 0.08F, 0.12F} : Colour{0.10F, 0.24F, 0.05F};
-        }
-    }
-    colour = mix(colour * lit, kHaze, haze);
+    colour = mix(*seen * lit, kHaze, front ? 0.0F : 0.20F);
     return true;
 }
 
@@ -565,7 +605,7 @@ struct Scene::Stone {
         row = ring.index;
         const float around = kTurn * height * (static_cast<float>(row) + 0.5F);
         const int count
-            = kRepeats * std::max(1, static_cast<int>(around / length / kRepeats + 0.5F));
+            = kRepeats * std::max(1, static_cast<int>(std::lround(around / length / kRepeats)));
         const float turn = view.turn + (row % 2 == 0 ? 0.0F : 0.5F / static_cast<float>(count));
         const Cell stone(turn - std::floor(turn), count);
         hash = view.cellHash(seed, kStone, stone.index, count, row);
