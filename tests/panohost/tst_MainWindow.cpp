@@ -119,7 +119,9 @@ private slots:
     void leavesImports();
     void worksByKeyboard();
     void opensWhatItWrote();
-    void finishesWhatItImported();
+    void cancelsWhatItFinishes();
+    void alignsWhatItImported();
+    void makesPanoramas();
     void keepsProjectsThatWereChanged();
     void remembers();
     void saysWhatModuleIsMissing_data();
@@ -153,6 +155,11 @@ private:
     static void choose(QWidget *dialog, const QString &place);
     /// Presses Import and answers the question for the place.
     void import(const QString &project);
+    /// Imports a row of three pictures, of a head that is a degree off, as shooting/x.pto. Its
+    /// text.
+    QByteArray importRow();
+    /// Waits until the task of the last page is done. What the page says then.
+    QString reportWhenDone();
 
     std::unique_ptr<QTemporaryDir> m_folder;
     std::unique_ptr<QTemporaryDir> m_settings;
@@ -794,52 +801,68 @@ void tst_MainWindow::opensWhatItWrote()
     QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
 }
 
-void tst_MainWindow::finishesWhatItImported()
+QByteArray tst_MainWindow::importRow()
 {
-    // The head is a degree off, so an aligned project is another than what was imported.
-    QStringList shooting
-        = words("--rows 1 --columns 3 --size 450x300 --focal 28 --head-error 1 --output");
-    QCOMPARE(run(MAKESHOOTING, shooting << at("shooting")).failure(), QByteArray());
-    QVERIFY(m_driver->drop({at("shooting")}));
-    QVERIFY(click("Papywizard"));
-    QVERIFY(m_driver->waitForPictures());
+    const Run made = run(MAKESHOOTING,
+        words("--rows 1 --columns 3 --size 450x300 --focal 28 --head-error 1 --output")
+            << at("shooting"));
+    if (made.code != 0 || !m_driver->drop({at("shooting")}) || !click("Papywizard")
+        || !m_driver->waitForPictures()) {
+        qWarning("%s", made.failure().constData());
+        return {};
+    }
     import(at("shooting/x.pto"));
-    const QByteArray imported = fileContent(at("shooting/x.pto"));
-    const auto *report = m_window->findChild<QLabel *>(QStringLiteral("report"));
+    return fileContent(at("shooting/x.pto"));
+}
+
+QString tst_MainWindow::reportWhenDone()
+{
     const auto isDone = [this] {
         const QAbstractButton *align = button("align");
         return align && align->isEnabled();
     };
-    // Cancelled before it has begun: nothing is written, and nothing else is to be had meanwhile.
+    return WindowDriver::waitFor(isDone)
+        ? m_window->findChild<QLabel *>(QStringLiteral("report"))->text()
+        : QStringLiteral("not done in time");
+}
+
+void tst_MainWindow::cancelsWhatItFinishes()
+{
+    // Before it has begun: nothing is written, and nothing else is to be had meanwhile.
+    const QByteArray imported = importRow();
     QVERIFY(click("align"));
     QVERIFY(!button("another")->isEnabled());
     QVERIFY(!button("panorama")->isEnabled());
     QVERIFY(!m_driver->drop({at("shooting")}));
     QVERIFY(click("cancelTask"));
-    QVERIFY(WindowDriver::waitFor(isDone));
-    QVERIFY2(report->text().startsWith(QLatin1String("Cancelled")), qPrintable(report->text()));
+    QString report = reportWhenDone();
+    QVERIFY2(report.startsWith(QLatin1String("Cancelled")), qPrintable(report));
     QCOMPARE(fileContent(at("shooting/x.pto")), imported);
+
     const QStringList untouched = QDir(at("shooting")).entryList();
     WindowDriver::withDialogs([this] { QVERIFY(click("panorama")); },
         [this](QWidget *dialog, int) { choose(dialog, at("shooting/pano.jpg")); });
     QVERIFY(click("cancelTask"));
-    QVERIFY(WindowDriver::waitFor(isDone));
-    QVERIFY2(report->text().startsWith(QLatin1String("Cancelled")), qPrintable(report->text()));
+    report = reportWhenDone();
+    QVERIFY2(report.startsWith(QLatin1String("Cancelled")), qPrintable(report));
     QCOMPARE(QDir(at("shooting")).entryList(), untouched);
+}
 
+void tst_MainWindow::alignsWhatItImported()
+{
+    const QByteArray imported = importRow();
     QVERIFY(click("align"));
-    QVERIFY(WindowDriver::waitFor(isDone));
-    QVERIFY2(report->text().startsWith(QLatin1String("3 pictures, 3 joined")),
-        qPrintable(report->text()));
+    QString report = reportWhenDone();
+    QVERIFY2(report.startsWith(QLatin1String("3 pictures, 3 joined")), qPrintable(report));
     const QByteArray aligned = fileContent(at("shooting/x.pto"));
     QVERIFY(!imported.contains("\nc n0") && aligned.contains("\nc n0"));
 
-    // A look before leaves nothing behind.
+    // A look at what would come of it leaves nothing behind.
     const QStringList files = QDir(at("shooting")).entryList(QDir::Files);
     QVERIFY(click("preview"));
-    QVERIFY(WindowDriver::waitFor(isDone));
+    report = reportWhenDone();
     auto *shown = m_window->findChild<QWidget *>(QStringLiteral("panoramaPicture"));
-    QVERIFY2(shown->isVisible(), qPrintable(report->text()));
+    QVERIFY2(shown->isVisible(), qPrintable(report));
     const QImage plain = shown->grab().toImage();
     for (const char *lines : {"outlines", "seams"}) {
         QVERIFY(click(lines));
@@ -848,7 +871,12 @@ void tst_MainWindow::finishesWhatItImported()
         QCOMPARE(shown->grab().toImage(), plain);
     }
     QCOMPARE(QDir(at("shooting")).entryList(QDir::Files), files);
+    QCOMPARE(fileContent(at("shooting/x.pto")), aligned);
+}
 
+void tst_MainWindow::makesPanoramas()
+{
+    const QByteArray imported = importRow();
     // Never over a picture of the shooting.
     const QStringList places{at("shooting/IMG_0001.jpg"), at("shooting/pano.jpg")};
     const QByteArray picture = fileContent(places[0]);
@@ -867,16 +895,16 @@ void tst_MainWindow::finishesWhatItImported()
         });
     QCOMPARE(asked, 2);
     QCOMPARE(complaints, 1);
-    QVERIFY(WindowDriver::waitFor(isDone));
+    const QString report = reportWhenDone();
     const QImage panorama(at("shooting/pano.jpg"));
-    QVERIFY2(panorama.width() > 600, qPrintable(report->text()));
-    QVERIFY2(report->text().contains(QStringLiteral("pano.jpg: %1 × %2 pixels")
-                                         .arg(QLocale().toString(panorama.width()),
-                                             QLocale().toString(panorama.height()))),
-        qPrintable(report->text()));
-    QVERIFY(shown->isVisible());
-    QCOMPARE(fileContent(at("shooting/x.pto")), aligned);
-
+    QVERIFY2(panorama.width() > 600, qPrintable(report));
+    QVERIFY2(report.contains(QStringLiteral("pano.jpg: %1 × %2 pixels")
+                                 .arg(QLocale().toString(panorama.width()),
+                                     QLocale().toString(panorama.height()))),
+        qPrintable(report));
+    QVERIFY(m_window->findChild<QWidget *>(QStringLiteral("panoramaPicture"))->isVisible());
+    // It was aligned for the panorama alone.
+    QCOMPARE(fileContent(at("shooting/x.pto")), imported);
     QCOMPARE(fileContent(places[0]), picture);
     QVERIFY(click("another"));
 }
