@@ -323,13 +323,14 @@ Frame Frame::scaledTo(int width) const
     return frame;
 }
 
-std::optional<Frame> frameOf(const PtoProject &project, const FrameWishes &wishes, QString *problem)
+std::optional<Frame> frameOf(
+    const PtoProject &project, const FrameOptions &options, QString *problem)
 {
     const QVector<View> views = viewsOf(project);
     const Mask sphere = sphereMask(project, views);
     const Extent extent = extentOf(sphere);
     Frame frame;
-    frame.projection = wishes.projection.value_or(usualProjection(extent));
+    frame.projection = options.projection.value_or(usualProjection(extent));
     *problem = misfit(extent, frame.projection);
     if (!problem->isEmpty())
         return std::nullopt;
@@ -359,11 +360,11 @@ std::optional<Frame> frameOf(const PtoProject &project, const FrameWishes &wishe
 
     const QRect whole(QPoint(), frame.canvas);
     const QRect covered = coveredPart(frame, views, project, sphere);
-    frame.crop = wishes.crop == Crop::Full || covered.isEmpty() ? whole : covered;
-    if (wishes.crop == Crop::Inside)
+    frame.crop = options.crop == Crop::Full || covered.isEmpty() ? whole : covered;
+    if (options.crop == Crop::Inside)
         frame.crop = insideOf(frame, covered, views);
-    if (wishes.width > 0)
-        frame = frame.scaledTo(wishes.width);
+    if (options.width > 0)
+        frame = frame.scaledTo(options.width);
     return frame;
 }
 

@@ -28,7 +28,7 @@ enum class Crop {
 };
 
 /// What the user asks of the finished picture.
-struct FrameWishes {
+struct FrameOptions {
     std::optional<Projection> projection;
     /// Pixels across the finished picture; 0: the pictures' own scale.
     int width = 0;
@@ -63,7 +63,7 @@ struct Frame {
 /// is equirectangular, what is flat is rectilinear and what is wide is cylindrical. Nothing, and a
 /// sentence in \a problem, when the pictures do not fit the projection that is wished.
 std::optional<Frame> frameOf(
-    const PtoProject &project, const FrameWishes &wishes, QString *problem);
+    const PtoProject &project, const FrameOptions &options, QString *problem);
 
 /// The same in few pixels.
 Frame previewOf(const Frame &frame);

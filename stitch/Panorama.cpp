@@ -54,13 +54,13 @@ std::optional<ReadProject> aligned(const ProjectRecord &record, const PictureTab
     return readProject(contentOf(project), folder.path(), &panorama->problem.text);
 }
 
-void finish(const ReadProject &project, const StitchWishes &wishes, WorkFolder &folder,
+void finish(const ReadProject &project, const StitchOptions &options, WorkFolder &folder,
     const Progress &progress, Panorama *panorama)
 {
-    panorama->stitched = stitch(project.project, project.light, wishes, folder, progress);
+    panorama->stitched = stitch(project.project, project.light, options, folder, progress);
     panorama->done = panorama->stitched.done;
     panorama->problem = panorama->stitched.problem;
-    if (panorama->done && !wishes.keep)
+    if (panorama->done && !options.keep)
         folder.remove();
 }
 
@@ -72,25 +72,25 @@ QString workFolderOf(const QString &output)
 }
 
 Panorama makePanorama(const PtoProject &recorded, const Aligning &aligning,
-    const StitchWishes &wishes, const Progress &progress)
+    const StitchOptions &options, const Progress &progress)
 {
     Panorama panorama;
-    WorkFolder folder(workFolderOf(wishes.output));
-    panorama.problem = stitchObstacle(recorded, wishes, folder.size());
+    WorkFolder folder(workFolderOf(options.output));
+    panorama.problem = stitchObstacle(recorded, options, folder.size());
     if (panorama.problem.isEmpty())
         panorama.problem = folder.open();
     if (!panorama.problem.isEmpty())
         return panorama;
-    const auto [alignment, rendering] = oneBar(recorded, wishes, progress);
+    const auto [alignment, rendering] = oneBar(recorded, options, progress);
     if (const auto project = aligning(folder, alignment, &panorama))
-        finish(*project, wishes, folder, rendering, &panorama);
+        finish(*project, options, folder, rendering, &panorama);
     else
         folder.removeUnlessUsed();
     return panorama;
 }
 
 Panorama makePanorama(const ProjectRecord &record, const PictureTable &pictures,
-    const StitchWishes &wishes, const Progress &progress)
+    const StitchOptions &options, const Progress &progress)
 {
     Panorama panorama;
     const auto recorded = projectOf(record, pictures, &panorama.problem.text);
@@ -101,14 +101,14 @@ Panorama makePanorama(const ProjectRecord &record, const PictureTable &pictures,
         [&](WorkFolder &folder, const Progress &alignment, Panorama *made) {
             return aligned(record, pictures, folder, alignment, made);
         },
-        wishes, progress);
+        options, progress);
 }
 
 Panorama makePanorama(
-    const ReadProject &project, const StitchWishes &wishes, const Progress &progress)
+    const ReadProject &project, const StitchOptions &options, const Progress &progress)
 {
     return makePanorama(
         project.project,
         [&project](WorkFolder &, const Progress &, Panorama *) { return std::optional(project); },
-        wishes, progress);
+        options, progress);
 }

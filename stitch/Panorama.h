@@ -29,15 +29,15 @@ using Aligning = std::function<std::optional<ReadProject>(
 /// Stitches what \a aligning makes of \a recorded, whose places say near enough what will be
 /// needed: what cannot be had is refused before anything is aligned. Else as the next one.
 Panorama makePanorama(const PtoProject &recorded, const Aligning &aligning,
-    const StitchWishes &wishes, const Progress &progress);
+    const StitchOptions &options, const Progress &progress);
 
 /// Aligns \a record and stitches it: all that makes a panorama of an import. What it works on lies
-/// in workFolderOf(wishes.output) until it is done, and stays there when wishes.keep is set or it
+/// in workFolderOf(options.output) until it is done, and stays there when options.keep is set or it
 /// does not come to an end: a later call with the same record goes on from it, and never aligns
 /// twice. May run for long: call it in a thread of its own. \a progress cancels.
 Panorama makePanorama(const ProjectRecord &record, const PictureTable &pictures,
-    const StitchWishes &wishes, const Progress &progress);
+    const StitchOptions &options, const Progress &progress);
 
 /// The same for a project that is aligned already.
 Panorama makePanorama(
-    const ReadProject &project, const StitchWishes &wishes, const Progress &progress);
+    const ReadProject &project, const StitchOptions &options, const Progress &progress);

@@ -57,47 +57,47 @@ QString foreignPicture(const PtoProject &project)
 }
 
 /// Why there can be no web folder; empty when there can, or none is wanted.
-Problem webMisfit(Rendering rendering, const Frame &frame, const StitchWishes &wishes)
+Problem webMisfit(Rendering rendering, const Frame &frame, const StitchOptions &options)
 {
-    if (wishes.web.path.isEmpty())
+    if (options.web.path.isEmpty())
         return {};
     if (rendering == Rendering::Radiance)
-        return QStringLiteral("%1: browsers do not show radiance").arg(wishes.web.path);
-    if (wishes.preview)
-        return QStringLiteral("%1: a preview has no web folder").arg(wishes.web.path);
+        return QStringLiteral("%1: browsers do not show radiance").arg(options.web.path);
+    if (options.preview)
+        return QStringLiteral("%1: a preview has no web folder").arg(options.web.path);
     if (frame.projection != Projection::Equirectangular)
         return QStringLiteral("%1: only an equirectangular panorama can be turned")
-            .arg(wishes.web.path);
-    return webObstacle(wishes.web);
+            .arg(options.web.path);
+    return webObstacle(options.web);
 }
 
 /// Why the output's name does not fit what comes out.
-QString nameMisfit(Rendering rendering, const StitchWishes &wishes)
+QString nameMisfit(Rendering rendering, const StitchOptions &options)
 {
-    const OutputFormat format = formatOf(wishes.output);
-    if (wishes.preview)
+    const OutputFormat format = formatOf(options.output);
+    if (options.preview)
         return format == OutputFormat::Jpeg
             ? QString()
-            : QStringLiteral("%1: a preview is a .jpg").arg(wishes.output);
+            : QStringLiteral("%1: a preview is a .jpg").arg(options.output);
     if (rendering == Rendering::Radiance)
         return format == OutputFormat::Exr
             ? QString()
-            : ObstacleTexts::tr("%1: radiance needs the name of an .exr").arg(wishes.output);
+            : ObstacleTexts::tr("%1: radiance needs the name of an .exr").arg(options.output);
     if (format == OutputFormat::Jpeg || format == OutputFormat::Tiff)
         return {};
     return format == OutputFormat::Exr
         ? ObstacleTexts::tr("%1: only radiance is written as .exr; .jpg and .tif are for the rest")
-              .arg(wishes.output)
+              .arg(options.output)
         : ObstacleTexts::tr("%1: a panorama is a .jpg, a .tif, or for radiance an .exr")
-              .arg(wishes.output);
+              .arg(options.output);
 }
 
-QStringList toolsFor(Rendering rendering, const StitchWishes &wishes)
+QStringList toolsFor(Rendering rendering, const StitchOptions &options)
 {
     QStringList tools{QStringLiteral("nona"), QStringLiteral("enblend")};
-    if (wishes.preview)
+    if (options.preview)
         return tools;
-    if (wishes.photometric)
+    if (options.photometric)
         tools.append(QStringLiteral("vig_optimize"));
     if (rendering == Rendering::Fused)
         tools.append(QStringLiteral("enfuse"));
@@ -108,31 +108,31 @@ QStringList toolsFor(Rendering rendering, const StitchWishes &wishes)
 
 } // namespace
 
-Problem stitchObstacle(const PtoProject &project, const StitchWishes &wishes, qint64 kept)
+Problem stitchObstacle(const PtoProject &project, const StitchOptions &options, qint64 kept)
 {
     const Rendering rendering = renderingOf(project);
-    Problem problem = nameMisfit(rendering, wishes);
+    Problem problem = nameMisfit(rendering, options);
     if (problem.isEmpty())
-        problem = missingTools(toolsFor(rendering, wishes));
+        problem = missingTools(toolsFor(rendering, options));
     if (problem.isEmpty())
         problem = foreignPicture(project);
     if (!problem.isEmpty())
         return problem;
-    const auto frame = frameOf(project, wishes.frame, &problem.text);
+    const auto frame = frameOf(project, options.frame, &problem.text);
     if (!frame)
         return problem;
-    problem = webMisfit(rendering, *frame, wishes);
-    if (!problem.isEmpty() || wishes.preview)
+    problem = webMisfit(rendering, *frame, options);
+    if (!problem.isEmpty() || options.preview)
         return problem;
-    const OutputFormat format = formatOf(wishes.output);
+    const OutputFormat format = formatOf(options.output);
     const int longest = std::max(frame->crop.width(), frame->crop.height());
     if (format == OutputFormat::Jpeg && longest > kLongestJpegSide)
         return {ObstacleTexts::tr("%1: would have %2 pixels a side, and a JPEG has at most %3; a "
                                   ".tif or a narrower panorama would do")
-                    .arg(wishes.output, QLocale().toString(longest),
+                    .arg(options.output, QLocale().toString(longest),
                         QLocale().toString(kLongestJpegSide)),
             Remedy::NarrowerPanorama};
     const Need need = needOf(project, *frame, layerRects(project, *frame), rendering,
-        format == OutputFormat::Tiff, jobsOf(wishes));
-    return excess(need, wishes.memory, QFileInfo(wishes.output).absolutePath(), kept);
+        format == OutputFormat::Tiff, jobsOf(options));
+    return excess(need, options.memory, QFileInfo(options.output).absolutePath(), kept);
 }

@@ -7,7 +7,7 @@
 #include "stitch/Problem.h"
 #include "stitch/StitchOptions.h"
 
-/// Why \a wishes cannot be had for \a project, before anything is done: the output's name does not
+/// Why \a options cannot be had for \a project, before anything is done: the output's name does not
 /// fit, a tool is missing, the picture is too large. Empty when they can. Of the disk that it needs
 /// \a kept bytes hold work that was done before.
-Problem stitchObstacle(const PtoProject &project, const StitchWishes &wishes, qint64 kept = 0);
+Problem stitchObstacle(const PtoProject &project, const StitchOptions &options, qint64 kept = 0);

@@ -17,7 +17,7 @@ OutputFormat formatOf(const QString &output)
     return suffix == QLatin1String("exr") ? OutputFormat::Exr : OutputFormat::Unknown;
 }
 
-int jobsOf(const StitchWishes &wishes)
+int jobsOf(const StitchOptions &options)
 {
-    return wishes.jobs > 0 ? wishes.jobs : std::max(1, QThread::idealThreadCount());
+    return options.jobs > 0 ? options.jobs : std::max(1, QThread::idealThreadCount());
 }

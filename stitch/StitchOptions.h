@@ -7,10 +7,10 @@
 #include "stitch/WebFolder.h"
 
 /// What is to be made of an aligned project.
-struct StitchWishes {
+struct StitchOptions {
     /// The finished picture: .jpg, .tif (16 bits) or .exr (radiance).
     QString output;
-    FrameWishes frame;
+    FrameOptions frame;
     /// Even out vignetting and differences of exposure.
     bool photometric = true;
     /// A folder that shows the panorama in a browser, for what is equirectangular and no radiance;
@@ -34,4 +34,4 @@ enum class OutputFormat { Jpeg, Tiff, Exr, Unknown };
 OutputFormat formatOf(const QString &output);
 
 /// How many programs run at a time, at least one.
-int jobsOf(const StitchWishes &wishes);
+int jobsOf(const StitchOptions &options);

@@ -49,7 +49,7 @@ double remappingEffort(const QRect &layer, Rendering rendering)
 }
 
 StitchEffort effortOf(const PtoProject &project, const Frame &frame, const QVector<QRect> &layers,
-    const StitchWishes &wishes)
+    const StitchOptions &options)
 {
     const Rendering rendering = renderingOf(project);
     const int kind = kindOf(rendering);
@@ -64,9 +64,9 @@ StitchEffort effortOf(const PtoProject &project, const Frame &frame, const QVect
     double merged = 0;
     for (const QRect &layer : qAsConst(blended))
         merged += megapixelsOf(layer);
-    return {wishes.photometric ? kComparison * project.pictures.size() : 0, remapping,
+    return {options.photometric ? kComparison * project.pictures.size() : 0, remapping,
         rendering == Rendering::Plain ? 0 : kMerging[kind] * remapped, kBlending[kind] * merged,
-        wishes.web.path.isEmpty() ? 0 : kTiling * megapixelsOf(frame.crop)};
+        options.web.path.isEmpty() ? 0 : kTiling * megapixelsOf(frame.crop)};
 }
 
 bool StitchProgress::tell(StitchStep step, double part)
@@ -81,14 +81,14 @@ bool StitchProgress::tell(StitchStep step, double part)
 }
 
 std::pair<Progress, Progress> oneBar(
-    const PtoProject &project, const StitchWishes &wishes, const Progress &progress)
+    const PtoProject &project, const StitchOptions &options, const Progress &progress)
 {
     QString problem;
-    const auto frame = frameOf(project, wishes.frame, &problem);
+    const auto frame = frameOf(project, options.frame, &problem);
     if (!frame || !progress)
         return {progress, progress};
-    const Frame shown = wishes.preview ? previewOf(*frame) : *frame;
-    const StitchEffort effort = effortOf(project, shown, layerRects(project, shown), wishes);
+    const Frame shown = options.preview ? previewOf(*frame) : *frame;
+    const StitchEffort effort = effortOf(project, shown, layerRects(project, shown), options);
     const double aligning = kAlignment * project.pictures.size();
     const double share = aligning / std::accumulate(effort.begin(), effort.end(), aligning);
     // What was aligned before is not told of.

@@ -19,7 +19,7 @@ using StitchEffort = std::array<double, kStitchSteps>;
 
 /// \a layers are the layerRects() on \a frame.
 StitchEffort effortOf(const PtoProject &project, const Frame &frame, const QVector<QRect> &layers,
-    const StitchWishes &wishes);
+    const StitchOptions &options);
 
 /// The same for remapping a picture that is \a layer then.
 double remappingEffort(const QRect &layer, Rendering rendering);
@@ -50,4 +50,4 @@ Progress asOneBar(const Progress &progress, double share = 1);
 /// What is to be told of the alignment and of the stitch() of \a project, so that \a progress hears
 /// of one bar for both.
 std::pair<Progress, Progress> oneBar(
-    const PtoProject &project, const StitchWishes &wishes, const Progress &progress);
+    const PtoProject &project, const StitchOptions &options, const Progress &progress);

@@ -59,31 +59,31 @@ QVector<int> representatives(const PtoProject &project)
 /// One stitch().
 class Work {
 public:
-    Work(PtoProject project, const StitchWishes &wishes, WorkFolder &folder,
+    Work(PtoProject project, const StitchOptions &options, WorkFolder &folder,
         const Progress &progress)
         : m_project(std::move(project))
-        , m_wishes(wishes)
+        , m_options(options)
         , m_folder(folder)
         , m_progress(progress)
-        , m_format(formatOf(wishes.output))
-        , m_jobs(jobsOf(wishes))
+        , m_format(formatOf(options.output))
+        , m_jobs(jobsOf(options))
     {
     }
 
     Stitched go(const QVector<PictureLight> &light)
     {
         m_light = light.size() == m_project.pictures.size() ? light : plainLight(m_project);
-        const auto frame = frameOf(m_project, m_wishes.frame, &m_result.problem.text);
+        const auto frame = frameOf(m_project, m_options.frame, &m_result.problem.text);
         if (!frame)
             return m_result;
         m_frame = *frame;
-        if (m_wishes.preview)
+        if (m_options.preview)
             simplify();
         m_rendering = renderingOf(m_project);
         m_result.frame = m_frame;
         m_layers = layerRects(m_project, m_frame);
-        m_progress.setEffort(effortOf(m_project, m_frame, m_layers, m_wishes));
-        m_result.done = (!m_wishes.photometric || evenOut()) && remap() && mergeStacks() && blend()
+        m_progress.setEffort(effortOf(m_project, m_frame, m_layers, m_options));
+        m_result.done = (!m_options.photometric || evenOut()) && remap() && mergeStacks() && blend()
             && writeWeb() && finish();
         return m_result;
     }
@@ -103,7 +103,7 @@ private:
         m_project = project;
         m_light = light;
         m_frame = previewOf(m_frame);
-        m_wishes.photometric = false;
+        m_options.photometric = false;
     }
 
     bool tell(double part) { return m_progress.tell(m_step, part); }
@@ -336,7 +336,7 @@ private:
         m_folder.prune(); // Only now all names are known that this run needs.
         if (m_folder.has(m_blended))
             return true;
-        if (m_wishes.seams) {
+        if (m_options.seams) {
             QString masks = m_folder.unfinished(QStringLiteral("mask-"));
             masks.replace(QLatin1Char('%'), QLatin1String("%%"));
             arguments << QStringLiteral("--save-masks=") + masks + QStringLiteral("%n.png");
@@ -376,7 +376,7 @@ private:
 
     bool writeWeb()
     {
-        if (m_wishes.web.path.isEmpty())
+        if (m_options.web.path.isEmpty())
             return true;
         m_step = StitchStep::WriteWeb;
         QString shown = m_blended;
@@ -392,13 +392,13 @@ private:
                     [&](int) { return WorkFolder::finish(result, shown); }))
                 return false;
         }
-        WebFolder folder = m_wishes.web;
+        WebFolder folder = m_options.web;
         folder.jobs = m_jobs;
         bool isCancelled = false;
         const auto progress
             = [this](const QString &, int done, int count) { return tell(double(done) / count); };
         m_result.problem = writeWebFolder(folder, shown, m_frame,
-            QFileInfo(m_wishes.output).completeBaseName(), progress, &isCancelled);
+            QFileInfo(m_options.output).completeBaseName(), progress, &isCancelled);
         return m_result.problem.isEmpty() && !isCancelled;
     }
 
@@ -412,7 +412,7 @@ private:
             problem = writeRadiance(m_blended, whole, first, m_frame);
         } else {
             QFile blended(m_blended);
-            if (!m_wishes.keep)
+            if (!m_options.keep)
                 problem = WorkFolder::finish(m_blended, whole);
             else if (!blended.copy(whole))
                 problem = unwritable(whole, blended.errorString());
@@ -420,13 +420,13 @@ private:
                 problem = writeTags(whole, first, m_frame);
         }
         if (problem.isEmpty())
-            problem = WorkFolder::finish(whole, m_wishes.output);
+            problem = WorkFolder::finish(whole, m_options.output);
         m_result.problem = problem;
         return problem.isEmpty();
     }
 
     PtoProject m_project;
-    StitchWishes m_wishes;
+    StitchOptions m_options;
     WorkFolder &m_folder;
     StitchProgress m_progress;
     Rendering m_rendering = Rendering::Plain;
@@ -446,7 +446,7 @@ private:
 } // namespace
 
 Stitched stitch(const PtoProject &project, const QVector<PictureLight> &light,
-    const StitchWishes &wishes, WorkFolder &folder, const Progress &progress)
+    const StitchOptions &options, WorkFolder &folder, const Progress &progress)
 {
-    return Work(project, wishes, folder, progress).go(light);
+    return Work(project, options, folder, progress).go(light);
 }

@@ -27,4 +27,4 @@ struct Stitched {
 /// thread of its own. When \a progress cancels, or something fails, the output is as it was and
 /// what is done so far stays in the folder.
 Stitched stitch(const PtoProject &project, const QVector<PictureLight> &light,
-    const StitchWishes &wishes, WorkFolder &folder, const Progress &progress);
+    const StitchOptions &options, WorkFolder &folder, const Progress &progress);

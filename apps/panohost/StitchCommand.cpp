@@ -71,47 +71,47 @@ public:
 
     void takeOptions(OptionReader &reader) override
     {
-        m_wishes.output = reader.text("output");
+        m_options.output = reader.text("output");
         m_report = reader.text("report");
-        if (m_wishes.output.isEmpty())
+        if (m_options.output.isEmpty())
             reader.refuse(QStringLiteral("--output PANO.jpg|tif|exr is missing"));
         if (reader.isSet("report") && m_report.isEmpty())
             reader.refuse(QStringLiteral("--report wants a file"));
         if (const auto choice = reader.choice(kProjection.name, wordsOf(kProjection)))
-            m_wishes.frame.projection = kProjections[*choice];
-        m_wishes.frame.width = reader.integer("width", 16, kWidest).value_or(0);
+            m_options.frame.projection = kProjections[*choice];
+        m_options.frame.width = reader.integer("width", 16, kWidest).value_or(0);
         if (const auto choice = reader.choice(kCrop.name, wordsOf(kCrop)))
-            m_wishes.frame.crop = kCrops[*choice];
-        m_wishes.web.path = reader.text("web");
-        m_wishes.web.force = reader.isSet("force");
-        if (reader.isSet("web") && m_wishes.web.path.isEmpty())
+            m_options.frame.crop = kCrops[*choice];
+        m_options.web.path = reader.text("web");
+        m_options.web.force = reader.isSet("force");
+        if (reader.isSet("web") && m_options.web.path.isEmpty())
             reader.refuse(QStringLiteral("--web wants a folder"));
-        if (!m_wishes.web.path.isEmpty() && !m_wishes.frame.projection)
-            m_wishes.frame.projection = Projection::Equirectangular;
-        m_wishes.photometric = !reader.isSet("no-photometric");
-        m_wishes.preview = reader.isSet("preview");
-        m_wishes.keep = reader.isSet("keep");
-        m_wishes.memory = qint64(reader.number("memory", 0.01, kMostMemory).value_or(0) * 1e9);
+        if (!m_options.web.path.isEmpty() && !m_options.frame.projection)
+            m_options.frame.projection = Projection::Equirectangular;
+        m_options.photometric = !reader.isSet("no-photometric");
+        m_options.preview = reader.isSet("preview");
+        m_options.keep = reader.isSet("keep");
+        m_options.memory = qint64(reader.number("memory", 0.01, kMostMemory).value_or(0) * 1e9);
     }
 
     QStringList outputs() const override
     {
-        return m_report.isEmpty() ? QStringList(m_wishes.output)
-                                  : QStringList{m_wishes.output, m_report};
+        return m_report.isEmpty() ? QStringList(m_options.output)
+                                  : QStringList{m_options.output, m_report};
     }
     OutputGuard::Writes writes() const override { return OutputGuard::Writes::Pictures; }
 
     ExitCode run(const ProjectRecord &record, const PictureTable &pictures) override
     {
         return make([&](const Progress &progress) {
-            return makePanorama(record, pictures, m_wishes, progress);
+            return makePanorama(record, pictures, m_options, progress);
         });
     }
 
     ExitCode run(const ReadProject &project)
     {
         return make(
-            [&](const Progress &progress) { return makePanorama(project, m_wishes, progress); });
+            [&](const Progress &progress) { return makePanorama(project, m_options, progress); });
     }
 
 private:
@@ -128,7 +128,7 @@ private:
         else if (!panorama.done)
             console::complain(QStringLiteral("interrupted; what is done so far is kept in %1, and "
                                              "the same command goes on from there")
-                                  .arg(workFolderOf(m_wishes.output)));
+                                  .arg(workFolderOf(m_options.output)));
         if (!panorama.done)
             return ExitCode::Failed;
         return tell(panorama);
@@ -143,13 +143,13 @@ private:
         if (panorama.stitched.evenedOut)
             console::print(QStringLiteral("Vignetting and exposure were evened out.\n"));
         console::print(QStringLiteral("%1: %2 x %3 pixels, %4\n")
-                           .arg(m_wishes.output)
+                           .arg(m_options.output)
                            .arg(frame.crop.width())
                            .arg(frame.crop.height())
                            .arg(wordsOf(kProjection).at(int(projection - kProjections))));
-        if (!m_wishes.web.path.isEmpty())
+        if (!m_options.web.path.isEmpty())
             console::print(QStringLiteral("%1/index.html: shows it in a browser\n")
-                               .arg(QDir::cleanPath(m_wishes.web.path)));
+                               .arg(QDir::cleanPath(m_options.web.path)));
         if (m_report.isEmpty())
             return ExitCode::Done;
         const bool isJson = m_report.endsWith(QLatin1String(".json"), Qt::CaseInsensitive);
@@ -159,7 +159,7 @@ private:
                                                                                  : ExitCode::Failed;
     }
 
-    StitchWishes m_wishes;
+    StitchOptions m_options;
     QString m_report;
 };
 

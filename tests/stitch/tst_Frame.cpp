@@ -187,13 +187,13 @@ private slots:
     {
         const PtoProject ring = rows(0, 60, 6, {0}, 20);
         QString problem;
-        FrameWishes wishes;
-        wishes.projection = Projection::Rectilinear;
-        QVERIFY(!frameOf(ring, wishes, &problem));
+        FrameOptions options;
+        options.projection = Projection::Rectilinear;
+        QVERIFY(!frameOf(ring, options, &problem));
         QVERIFY2(problem.contains(QStringLiteral("at most 160")), qUtf8Printable(problem));
-        wishes.projection = Projection::Cylindrical;
-        QVERIFY(frameOf(ring, wishes, &problem));
-        QVERIFY(!frameOf(rows(0, 45, 8, {-60, 60}, 20), wishes, &problem));
+        options.projection = Projection::Cylindrical;
+        QVERIFY(frameOf(ring, options, &problem));
+        QVERIFY(!frameOf(rows(0, 45, 8, {-60, 60}, 20), options, &problem));
         QVERIFY2(problem.contains(QStringLiteral("at most 80")), qUtf8Printable(problem));
     }
 
@@ -201,13 +201,13 @@ private slots:
     {
         const PtoProject ring = rows(0, 30, 12, {0}, 20);
         QString problem;
-        FrameWishes wishes;
-        wishes.width = 1000;
-        const auto covered = frameOf(ring, wishes, &problem);
-        wishes.crop = Crop::Inside;
-        const auto inside = frameOf(ring, wishes, &problem);
-        wishes.crop = Crop::Full;
-        const auto full = frameOf(ring, wishes, &problem);
+        FrameOptions options;
+        options.width = 1000;
+        const auto covered = frameOf(ring, options, &problem);
+        options.crop = Crop::Inside;
+        const auto inside = frameOf(ring, options, &problem);
+        options.crop = Crop::Full;
+        const auto full = frameOf(ring, options, &problem);
         QVERIFY(covered && inside && full);
         QCOMPARE(full->crop, QRect(0, 0, 1000, 500));
         QCOMPARE(covered->crop.width(), 1000);

@@ -168,10 +168,10 @@ void FinishingPane::makePanorama()
     if (place.isEmpty())
         return;
     start([import = m_import, place](const Progress &progress, Outcome &outcome) {
-        StitchWishes wishes;
-        wishes.output = place;
-        wishes.seams = true;
-        outcome.done = stitchInto(outcome, import, wishes, progress);
+        StitchOptions options;
+        options.output = place;
+        options.seams = true;
+        outcome.done = stitchInto(outcome, import, options, progress);
     });
 }
 
@@ -179,11 +179,11 @@ void FinishingPane::makePreview()
 {
     start([import = m_import](const Progress &progress, Outcome &outcome) {
         const QTemporaryDir folder;
-        StitchWishes wishes;
-        wishes.output = folder.filePath(QStringLiteral("preview.jpg"));
-        wishes.preview = true;
-        wishes.seams = true;
-        outcome.done = stitchInto(outcome, import, wishes, progress);
+        StitchOptions options;
+        options.output = folder.filePath(QStringLiteral("preview.jpg"));
+        options.preview = true;
+        options.seams = true;
+        outcome.done = stitchInto(outcome, import, options, progress);
         if (outcome.done)
             outcome.shown.name = tr("Preview");
     });
@@ -191,7 +191,7 @@ void FinishingPane::makePreview()
 
 /// False when it cannot be, or was cancelled.
 bool FinishingPane::stitchInto(Outcome &outcome, const WrittenImport &import,
-    const StitchWishes &wishes, const Progress &progress)
+    const StitchOptions &options, const Progress &progress)
 {
     const auto recorded = projectOf(import.record, import.pictures, &outcome.problem);
     if (!recorded)
@@ -202,16 +202,16 @@ bool FinishingPane::stitchInto(Outcome &outcome, const WrittenImport &import,
             return std::nullopt;
         return ReadProject{outcome.aligned->project, plainLight(outcome.aligned->project)};
     };
-    const Panorama panorama = ::makePanorama(*recorded, aligning, wishes, progress);
+    const Panorama panorama = ::makePanorama(*recorded, aligning, options, progress);
     if (outcome.problem.isEmpty())
         outcome.problem = panorama.problem.text;
     if (!panorama.done)
         return false;
     const PtoProject &project = outcome.aligned->project;
     const Frame &frame = panorama.stitched.frame;
-    outcome.shown = {QFileInfo(wishes.output).fileName(), shownPicture(wishes.output),
+    outcome.shown = {QFileInfo(options.output).fileName(), shownPicture(options.output),
         outlinesOf(project, frame), panorama.stitched.seams};
-    if (!wishes.preview)
+    if (!options.preview)
         outcome.report += QLatin1Char('\n')
             + tr("%1: %2 × %3 pixels")
                   .arg(outcome.shown.name, QLocale().toString(frame.crop.width()),

@@ -18,7 +18,7 @@
 class QLabel;
 class QProgressBar;
 class QPushButton;
-struct StitchWishes;
+struct StitchOptions;
 
 /// An import whose project has been written.
 struct WrittenImport {
@@ -74,7 +74,7 @@ private:
     void makePreview();
     static bool alignInto(Outcome &outcome, const WrittenImport &import, const Progress &progress);
     static bool stitchInto(Outcome &outcome, const WrittenImport &import,
-        const StitchWishes &wishes, const Progress &progress);
+        const StitchOptions &options, const Progress &progress);
     void start(const Work &work);
     void showProgress(const QString &step, int done, int total);
     void showOutcome();
