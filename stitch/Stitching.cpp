@@ -128,7 +128,7 @@ private:
                 line(text);
         };
         listener.done = [&](int call) {
-            const QString problem = done(call);
+            QString problem = done(call);
             ended += whole > 0 ? weights.at(call) / whole : 1.0 / calls.size();
             m_part = ended;
             return problem;
@@ -243,7 +243,7 @@ private:
             const QString made = calls.at(call).result;
             if (isRadiance) {
                 // The tool that merges looks for these beside the picture, by its name.
-                const QString problem = WorkFolder::finish(grayOf(made), grayOf(wanted.at(call)));
+                QString problem = WorkFolder::finish(grayOf(made), grayOf(wanted.at(call)));
                 if (!problem.isEmpty())
                     return problem;
             }

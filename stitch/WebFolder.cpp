@@ -149,7 +149,7 @@ private:
     {
         const QDir viewer(webViewerFolder());
         const QDir folder(file(kViewer));
-        const QString problem = makeFolder(folder.path());
+        QString problem = makeFolder(folder.path());
         if (!problem.isEmpty())
             return problem;
         for (const char *name : kViewerFiles) {
