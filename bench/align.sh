@@ -1,4 +1,4 @@
-#!/bin/bash
+#!/usr/bin/env bash
 # SPDX-FileCopyrightText: 2026 The ZPanoHead authors
 # SPDX-License-Identifier: GPL-3.0-or-later
 
@@ -13,9 +13,9 @@
 # --large    24 megapixels against decoding alone; how 250, 500 and 1,000 pictures grow
 # --adjust   the adjustment of up to 70,000 simulated pictures
 # Shootings are kept in the folder BENCH_SHOOTINGS, /tmp/align-shootings if that is not set.
-set -eu -o pipefail
+set -euo pipefail
 
-cd "$(dirname "$0")/.."
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
 export LC_ALL=C.UTF-8 TZ=UTC QT_QPA_PLATFORM=offscreen
 shootings=${BENCH_SHOOTINGS:-/tmp/align-shootings}
 sets="38 114" seeds="1 2 3" plain="" robust="" large="" adjust=""
@@ -134,6 +134,7 @@ brackets of 4 ev, all levels;$row $errors --brackets 3 --bracket-step 4;papywiza
 head counts from elsewhere;$sphere $errors --head-offset 4,3;papywizard
 focal length 5 % off;$sphere --head-error 0.3 --focal-error 5 --distortion -0.03;papywizard
 head 3 degrees off, wide;$sphere --head-error 3 --focal-error 1;papywizard
+head 1 degree off, 10 degrees wide;--rows 3 --columns 6 --focal 200 --overlap 40 --head-error 1 --focal-error 1 --head-step 0.01;papywizard
 head 3 degrees off, narrow;--rows 3 --columns 8 --focal 50 --overlap 40 --head-error 3 --focal-error 1;papywizard
 fisheye;--lens fisheye --focal 15 --sphere --overlap 40 $errors;papywizard
 fisheye, 5 pictures;--lens fisheye --focal 8 --sphere --overlap 30 $errors;papywizard
