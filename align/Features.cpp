@@ -18,6 +18,8 @@ constexpr double kViewSide = 1000;
 constexpr int kColumns = 12;
 constexpr int kRows = 8;
 constexpr std::size_t kFeatures = 600;
+/// Twice what each part would have if all had the same.
+constexpr std::size_t kFeaturesAPart = 2 * kFeatures / (std::size_t(kRows) * kColumns);
 /// Pixels of the shorter side below which there is nothing to be told apart.
 constexpr int kSmallest = 32;
 /// Pixels that features keep from the picture's border.
@@ -103,7 +105,7 @@ std::vector<cv::KeyPoint> spread(std::vector<cv::KeyPoint> points, const cv::Siz
     for (const cv::KeyPoint &point : points) {
         std::size_t &count = counts[std::min(int(point.pt.y * kRows / float(size.height)),
             kRows - 1)][std::min(int(point.pt.x * kColumns / float(size.width)), kColumns - 1)];
-        if (count++ < kFeatures / (kRows * kColumns) * 2 && kept.size() < kFeatures)
+        if (count++ < kFeaturesAPart && kept.size() < kFeatures)
             kept.push_back(point);
     }
     return kept;
@@ -144,9 +146,9 @@ std::vector<Match> matchFeatures(const FeatureView &first, const FeatureView &se
         return matches;
     std::vector<Vector> rays[2];
     for (const Point &point : first.features->points)
-        rays[0].push_back(first.rotation * first.lens.ray(point));
+        rays[0].emplace_back(first.rotation * first.lens.ray(point));
     for (const Point &point : second.features->points)
-        rays[1].push_back(second.rotation * second.lens.ray(point));
+        rays[1].emplace_back(second.rotation * second.lens.ray(point));
     cv::Mat_<float> likeness;
     cv::gemm(first.features->descriptors, second.features->descriptors, 1, cv::noArray(), 0,
         likeness, cv::GEMM_2_T);

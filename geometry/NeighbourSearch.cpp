@@ -180,7 +180,7 @@ qint64 NeighbourSearch::find(int spot, int first, std::vector<int> &found) const
     if (!isSearchable(spot))
         return 0;
 
-    qint64 lookedAt = static_cast<qint64>(m_uncertain.size());
+    auto lookedAt = static_cast<qint64>(m_uncertain.size());
     const Entry from = entryOf(spot);
     const auto look = [&](const Entry *entry, const Entry *end) {
         std::size_t count = found.size();

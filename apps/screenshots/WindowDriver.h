@@ -41,7 +41,7 @@ public:
     bool drop(const QStringList &paths, QWidget *target = nullptr);
     /// Clicks the visible button of that name (its object name, or its text without the marks of
     /// shortcuts). False when there is none, or it is disabled.
-    bool click(const QString &button, QWidget *within = nullptr);
+    bool click(const QString &name, QWidget *within = nullptr);
     QAbstractButton *button(const QString &name, QWidget *within = nullptr) const;
 
     /// The page of the import under way; null when there is none.

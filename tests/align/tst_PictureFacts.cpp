@@ -10,10 +10,10 @@
 #include <QLoggingCategory>
 #include <QPainter>
 #include <QTemporaryDir>
+#include <array>
 #include <atomic>
 #include <sys/stat.h>
 #include <thread>
-#include <vector>
 
 namespace {
 
@@ -278,9 +278,9 @@ private slots:
         const QString path = at("shared.jpg");
         writeJpeg(path, flag({400, 300}), {{"Exif.Photo.FocalLengthIn35mmFilm", "24"}});
         std::atomic<int> right = 0;
-        std::vector<std::thread> threads;
-        for (int i = 0; i < 4; ++i) {
-            threads.emplace_back([&] {
+        std::array<std::thread, 4> threads;
+        for (std::thread &thread : threads) {
+            thread = std::thread([&] {
                 for (int k = 0; k < 50; ++k)
                     right += readPictureFacts(path, Thumbnail::Make).focal == 24.0F;
             });

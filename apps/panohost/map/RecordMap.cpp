@@ -133,7 +133,7 @@ QColor MapColours::link(int kind) const
     constexpr int kKnown = int(std::size(kOnLight));
     if (kind < 0 || kind >= kKnown)
         return isDark ? QColor(0xa0, 0xa0, 0xa0) : QColor(0x70, 0x70, 0x70);
-    return QColor(isDark ? kOnDark[kind] : kOnLight[kind]);
+    return {isDark ? kOnDark[kind] : kOnLight[kind]};
 }
 
 RecordMap::RecordMap(const ProjectRecord &record, const std::optional<PictureFacts> &first)

@@ -68,7 +68,7 @@ private:
 bool isPresetList(const QString &path)
 {
     QFile file(path);
-    return file.open(QIODevice::ReadOnly) && file.read(64 * 1024).contains("<preset");
+    return file.open(QIODevice::ReadOnly) && file.read(65536).contains("<preset");
 }
 
 } // namespace
