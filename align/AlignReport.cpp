@@ -11,6 +11,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLocale>
+#include <QSet>
 #include <algorithm>
 
 namespace {
@@ -89,18 +90,23 @@ QString AlignReport::toText() const
         if (isOptimised) {
             line(ReportTexts::tr("focal length %1 mm (%2 stated), distortion %3")
                      .arg(number(focal, 2), number(recordedFocal, 2), number(distortion, 4)));
-            line(ReportTexts::tr("the head was %1 degrees off, at worst %2")
-                     .arg(number(headErrorRms, 2), number(headErrorWorst, 2)));
+            const QString off = isGrid
+                ? ReportTexts::tr("pictures were %1 degrees off the grid, at worst %2")
+                : ReportTexts::tr("the head was %1 degrees off, at worst %2");
+            line(off.arg(number(headErrorRms, 2), number(headErrorWorst, 2)));
         } else {
             line(ReportTexts::tr("positions are the recorded ones, as asked"));
         }
     }
     if (overlapAcross > 0 || overlapDown > 0)
-        line(ReportTexts::tr("neighbours share %1 (%2 stated)")
+        line(ReportTexts::tr("neighbours overlap by %1 (%2 stated)")
                  .arg(sharedText(overlapAcross, overlapDown), percent(recordedOverlap)));
     if (!fits)
-        line(ReportTexts::tr("pictures and record do not fit: a wrong focal length, or the file of "
-                             "another shooting?"));
+        line(isGrid
+                ? ReportTexts::tr("the pictures do not fit the grid: wrong rows, order, overlap, "
+                                  "focal length or lens type?")
+                : ReportTexts::tr("the pictures do not fit what was recorded: a wrong focal length "
+                                  "or lens type, or the file of another shooting?"));
     appendSuspects(&lines);
     QStringList times;
     for (const auto &[step, time] : seconds)
@@ -114,7 +120,8 @@ void AlignReport::appendSuspects(QStringList *lines) const
 {
     QStringList far;
     // A picture in which nothing was found, though more than one neighbour shows the same.
-    QStringList strangers;
+    QSet<QString> strangers;
+    QStringList strangerNames;
     QHash<QString, int> mismatches;
     for (const Suspect &suspect : suspects) {
         if (suspect.pictures.size() == 1)
@@ -124,8 +131,10 @@ void AlignReport::appendSuspects(QStringList *lines) const
             ++mismatches[suspect.pictures.at(i)];
     }
     for (const QString &path : held) {
-        if (joined > 0 && mismatches.value(path) > 1)
-            strangers.append(path);
+        if (fits && mismatches.value(path) > 1) {
+            strangers.insert(path);
+            strangerNames.append(nameOf(path));
+        }
     }
     QStringList unlike;
     for (const Suspect &suspect : suspects) {
@@ -139,9 +148,9 @@ void AlignReport::appendSuspects(QStringList *lines) const
         if (!names.isEmpty())
             lines->append(text.arg(shown(names)));
     };
-    add(ReportTexts::tr("further off than a head should be: %1"), far);
-    add(ReportTexts::tr("like none of their neighbours, wrong files perhaps: %1"),
-        namesOf(strangers));
+    add(ReportTexts::tr("further off than they should be: %1"), far);
+    add(ReportTexts::tr("match none of their neighbours, perhaps the wrong pictures: %1"),
+        strangerNames);
     add(ReportTexts::tr("should overlap and do not match: %1"), unlike);
 }
 

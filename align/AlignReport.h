@@ -27,9 +27,11 @@ struct AlignReport {
     int joined = 0;
     /// Sets of pictures that points join; no point leads from one to another.
     int parts = 0;
-    /// False when points miss each other by so much, or the focal length is so far from the one
-    /// recorded, that pictures and record can hardly belong together.
+    /// False when pictures and record can hardly belong together: points miss each other by too
+    /// much, the focal length is far from the one recorded, or most of what should match does not.
     bool fits = true;
+    /// Whether positions are those of a grid, which nobody recorded.
+    bool isGrid = false;
     /// Percent that neighbours of a grid share, in a row and in a column, as recorded and as found;
     /// 0 when there is no grid or too little was found.
     double recordedOverlap = 0;

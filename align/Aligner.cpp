@@ -156,14 +156,16 @@ bool Aligner::matchAll()
         PicturePairs::Places next = m_pairs.failed();
         const PicturePairs::Places distant = m_pairs.distant();
         next.insert(next.end(), distant.begin(), distant.end());
-        if (!track(next, step, leastPart))
+        // Where some are sure, the lens and the places follow from them: what is near now is no
+        // chance.
+        if (!track(next, step, m_pairs.hasSure() ? 0 : leastPart))
             return false;
         again = m_pairs.failed();
     }
     do {
         if (!solve(true))
             return false;
-    } while (m_pairs.dropHopeless());
+    } while (m_record.cleanLinks && m_pairs.dropHopeless());
     return true;
 }
 
@@ -298,6 +300,7 @@ AlignReport Aligner::report() const
     report.pictures = m_cameras.count();
     report.isMatched = m_record.autoDetection;
     report.isOptimised = isOptimised();
+    report.isGrid = m_isGrid;
     report.seconds = m_seconds;
     report.recordedFocal = m_project.pictures.first().lens.focal;
     report.focal = report.recordedFocal * m_cameras.lens(0).focal / m_cameras.nominalLens(0).focal;
@@ -332,8 +335,15 @@ void Aligner::reportResiduals(AlignReport *report) const
         }
     }
     report->residualRms = points > 0 ? std::sqrt(squares / points) : 0;
+    // Sky is not expected to match.
+    int joined = 0;
+    int failed = 0;
+    for (const PicturePair &pair : m_pairs) {
+        joined += !pair.isInner && pair.isJoined();
+        failed += !pair.isInner && !pair.isJoined() && pair.isTextured();
+    }
     report->fits = !report->isOptimised
-        || (workingSquares <= points * kMisfit * kMisfit
+        || (failed <= joined && workingSquares <= points * kMisfit * kMisfit
             && std::abs(report->focal / report->recordedFocal - 1) <= kMisfitFocal);
 }
 

@@ -130,6 +130,12 @@ PicturePairs::Places PicturePairs::distant() const
         [](const PicturePair &pair) { return pair.isJoined() && pair.distance > kDistant; });
 }
 
+bool PicturePairs::hasSure() const
+{
+    return std::any_of(m_pairs.begin(), m_pairs.end(),
+        [](const PicturePair &pair) { return pair.isJoined() && pair.isSure; });
+}
+
 bool PicturePairs::hasPoor() const
 {
     return std::any_of(m_pairs.begin(), m_pairs.end(), [](const PicturePair &pair) {

@@ -66,6 +66,8 @@ public:
     Places doubtful() const;
     /// Those found so far from where they were expected that more will be found there.
     Places distant() const;
+    /// Whether there are some that chance cannot have joined.
+    bool hasSure() const;
     /// Whether there are some that want tracking again.
     bool hasPoor() const;
     /// Those of \a failed that would join parts, or hold a place that hangs on one other.

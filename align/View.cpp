@@ -9,6 +9,13 @@
 #include <algorithm>
 #include <cmath>
 
+namespace {
+
+/// A lens whose picture grows by less than this part further out is about to fold it over.
+constexpr double kFold = 0.1;
+
+} // namespace
+
 Direction directionOf(double yaw, double pitch)
 {
     return {std::sin(yaw) * std::cos(pitch), std::sin(pitch), std::cos(yaw) * std::cos(pitch)};
@@ -51,13 +58,16 @@ double View::undistorted(double seen) const
 {
     const auto &[a, b, c] = m_distortion;
     const double unit = std::min(m_lens.size.width(), m_lens.size.height()) / 2.0;
-    double radius = seen;
-    for (int round = 0; round < 6; ++round) {
+    const auto slopeAt = [&](double radius) {
         const double r = radius / unit;
-        const double slope = ((4 * a * r + 3 * b) * r + 2 * c) * r + 1 - a - b - c;
-        if (slope < 0.1)
+        return ((4 * a * r + 3 * b) * r + 2 * c) * r + 1 - a - b - c;
+    };
+    double radius = slopeAt(seen) < kFold ? unit : seen;
+    for (int round = 0; round < 8; ++round) {
+        const double next = radius - (radius * stretch(radius) - seen) / slopeAt(radius);
+        if (slopeAt(next) < kFold)
             break;
-        radius -= (radius * stretch(radius) - seen) / slope;
+        radius = next;
     }
     return radius;
 }

@@ -44,6 +44,10 @@
         <translation>Brennweite %1&#xa0;mm (angegeben: %2), Verzeichnung %3</translation>
     </message>
     <message>
+        <source>pictures were %1 degrees off the grid, at worst %2</source>
+        <translation>Die Bilder lagen um %1 Grad neben dem Raster, schlimmstenfalls um %2</translation>
+    </message>
+    <message>
         <source>the head was %1 degrees off, at worst %2</source>
         <translation>Der Kopf lag um %1 Grad daneben, schlimmstenfalls um %2</translation>
     </message>
@@ -87,24 +91,28 @@
         <translation>Die Positionen sind wie gewünscht die aufgezeichneten</translation>
     </message>
     <message>
-        <source>neighbours share %1 (%2 stated)</source>
+        <source>neighbours overlap by %1 (%2 stated)</source>
         <translation>Nachbarn überlappen sich um %1 (angegeben: %2)</translation>
     </message>
     <message>
-        <source>pictures and record do not fit: a wrong focal length, or the file of another shooting?</source>
-        <translation>Bilder und Aufzeichnung passen nicht zusammen: falsche Brennweite oder die Datei einer anderen Aufnahme?</translation>
+        <source>the pictures do not fit the grid: wrong rows, order, overlap, focal length or lens type?</source>
+        <translation>Die Bilder passen nicht zum Raster: falsche Zeilen, Reihenfolge, Überlappung, Brennweite oder falscher Objektivtyp?</translation>
+    </message>
+    <message>
+        <source>the pictures do not fit what was recorded: a wrong focal length or lens type, or the file of another shooting?</source>
+        <translation>Die Bilder passen nicht zur Aufzeichnung: falsche Brennweite, falscher Objektivtyp oder die Datei einer anderen Aufnahme?</translation>
     </message>
     <message>
         <source>%1 (%2 degrees)</source>
         <translation>%1 (%2 Grad)</translation>
     </message>
     <message>
-        <source>further off than a head should be: %1</source>
-        <translation>Weiter daneben, als ein Kopf es sein sollte: %1</translation>
+        <source>further off than they should be: %1</source>
+        <translation>Weiter daneben, als sie sein sollten: %1</translation>
     </message>
     <message>
-        <source>like none of their neighbours, wrong files perhaps: %1</source>
-        <translation>Keinem ihrer Nachbarn ähnlich, vielleicht falsche Dateien: %1</translation>
+        <source>match none of their neighbours, perhaps the wrong pictures: %1</source>
+        <translation>Passen zu keinem ihrer Nachbarn, vielleicht die falschen Bilder: %1</translation>
     </message>
     <message>
         <source>should overlap and do not match: %1</source>

@@ -44,6 +44,10 @@
         <translation>Longueur focale %1&#xa0;mm (indiquée&#xa0;: %2), distorsion %3</translation>
     </message>
     <message>
+        <source>pictures were %1 degrees off the grid, at worst %2</source>
+        <translation>Les images s’écartaient de la grille de %1 degrés, au pire de %2</translation>
+    </message>
+    <message>
         <source>the head was %1 degrees off, at worst %2</source>
         <translation>La tête s’est écartée de %1 degrés, au pire de %2</translation>
     </message>
@@ -87,24 +91,28 @@
         <translation>Les positions sont celles enregistrées, comme demandé</translation>
     </message>
     <message>
-        <source>neighbours share %1 (%2 stated)</source>
+        <source>neighbours overlap by %1 (%2 stated)</source>
         <translation>Les voisines se recouvrent de %1 (indiqué&#xa0;: %2)</translation>
     </message>
     <message>
-        <source>pictures and record do not fit: a wrong focal length, or the file of another shooting?</source>
-        <translation>Les images et l’enregistrement ne s’accordent pas&#xa0;: une mauvaise longueur focale, ou le fichier d’une autre prise de vue&#xa0;?</translation>
+        <source>the pictures do not fit the grid: wrong rows, order, overlap, focal length or lens type?</source>
+        <translation>Les images ne correspondent pas à la grille&#xa0;: lignes, ordre, recouvrement, longueur focale ou type d’objectif erroné&#xa0;?</translation>
+    </message>
+    <message>
+        <source>the pictures do not fit what was recorded: a wrong focal length or lens type, or the file of another shooting?</source>
+        <translation>Les images ne correspondent pas à l’enregistrement&#xa0;: longueur focale ou type d’objectif erroné, ou fichier d’une autre prise de vue&#xa0;?</translation>
     </message>
     <message>
         <source>%1 (%2 degrees)</source>
         <translation>%1 (%2 degrés)</translation>
     </message>
     <message>
-        <source>further off than a head should be: %1</source>
-        <translation>Écart trop grand pour une tête&#xa0;: %1</translation>
+        <source>further off than they should be: %1</source>
+        <translation>Plus décalées qu’elles ne devraient&#xa0;: %1</translation>
     </message>
     <message>
-        <source>like none of their neighbours, wrong files perhaps: %1</source>
-        <translation>Sans ressemblance avec leurs voisines, peut-être de mauvais fichiers&#xa0;: %1</translation>
+        <source>match none of their neighbours, perhaps the wrong pictures: %1</source>
+        <translation>Ne s’accordent avec aucune voisine, peut-être de mauvaises images&#xa0;: %1</translation>
     </message>
     <message>
         <source>should overlap and do not match: %1</source>

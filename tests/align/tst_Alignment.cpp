@@ -675,21 +675,29 @@ private slots:
                 "positions are the recorded ones, as asked", "matching"});
         row("a focal length that is none", whole, "papywizard --focal 13 --lens standard", "",
             {"10 pictures, 10 joined", "points miss each other by", "focal length 16",
-                "the head was", "pictures and record do not fit", "matching"});
+                "the head was", "the pictures do not fit what was recorded", "matching"});
         row("two pictures of elsewhere", whole, "papywizard --focal 16 --lens standard",
             "IMG_0003.jpg IMG_0008.jpg",
             {"10 pictures, 8 joined, 2 held by the head: IMG_0003.jpg, IMG_0008.jpg",
                 "points miss each other by", "focal length", "the head was",
-                "like none of their neighbours, wrong files perhaps: IMG_0003.jpg, IMG_0008.jpg",
+                "match none of their neighbours, perhaps the wrong pictures: IMG_0003.jpg, "
+                "IMG_0008.jpg",
                 "matching"});
         const QString grid = QStringLiteral("--format gigapan --rows 2 --columns 4 --focal 30 "
                                             "--size 360x240 --overlap 45");
         row("a grid that overlaps more", grid, "gigapan --rows 2 --overlap 30", "",
-            {"8 pictures, 8 joined", "points miss each other by", "focal length", "the head was",
-                "neighbours share 4? % in a row and 4? % in a column (30 % stated)", "matching"});
+            {"8 pictures, 8 joined", "points miss each other by", "focal length", "pictures were",
+                "neighbours overlap by 4? % in a row and 4? % in a column (30 % stated)",
+                "matching"});
+        row("a grid taken in another order", grid,
+            "gigapan --rows 2 --overlap 45 --order serpentine-up", "",
+            {"8 pictures, 0 joined, 8 held by the head: IMG_0001.jpg",
+                "the pictures do not fit the grid",
+                "should overlap and do not match: ", "matching"});
         row("a grid that is not once round", grid, "gigapan --rows 2 --overlap 45 --full-turn", "",
             {"8 pictures, 8 joined", "in 4 parts that no points join", "points miss each other by",
-                "focal length", "the head was", "neighbours share 4? % in a column", "matching"});
+                "focal length", "pictures were", "neighbours overlap by 4? % in a column",
+                "matching"});
     }
     void report()
     {

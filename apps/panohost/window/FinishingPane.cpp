@@ -71,6 +71,12 @@ QImage shownPicture(const QString &path)
     return reader.read();
 }
 
+/// Where the matches of an alignment are kept until it is done.
+QString matchesOf(const WrittenImport &import)
+{
+    return import.project + QStringLiteral(".matches");
+}
+
 } // namespace
 
 FinishingPane::FinishingPane(QWidget *parent)
@@ -135,12 +141,11 @@ bool FinishingPane::alignInto(
 {
     if (!outcome.aligned) {
         AlignOptions options;
-        options.cacheFolder = import.project + QStringLiteral(".matches");
+        options.cacheFolder = matchesOf(import);
         auto alignment
             = alignRecord(import.record, import.pictures, options, progress, &outcome.problem);
         if (!alignment)
             return false;
-        forgetMatches(options.cacheFolder);
         outcome.aligned
             = Aligned{std::move(alignment->project), alignment->report.toText().trimmed()};
     }
@@ -159,6 +164,8 @@ void FinishingPane::align()
             = projectText(outcome.aligned->project, QFileInfo(import.project).absolutePath());
         outcome.problem = writeWhole({{import.project, outcome.text}});
         outcome.done = outcome.problem.isEmpty();
+        if (outcome.done)
+            forgetMatches(matchesOf(import));
     });
 }
 
@@ -200,6 +207,7 @@ bool FinishingPane::stitchInto(Outcome &outcome, const WrittenImport &import,
         = [&](WorkFolder &, const Progress &alignment, Panorama *) -> std::optional<ReadProject> {
         if (!alignInto(outcome, import, alignment))
             return std::nullopt;
+        forgetMatches(matchesOf(import));
         return ReadProject{outcome.aligned->project, plainLight(outcome.aligned->project)};
     };
     const Panorama panorama = ::makePanorama(*recorded, aligning, options, progress);
