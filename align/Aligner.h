@@ -32,8 +32,8 @@ private:
     bool track(const PicturePairs::Places &wanted, const QString &step, double leastPart);
     bool search(const PicturePairs::Places &wanted);
     bool solve(bool isLast);
+    /// Percent that neighbours share in a row and in a column; nothing where too little was found.
     struct GridOverlap {
-        /// Percent; nothing where too little was found.
         std::optional<double> across;
         std::optional<double> down;
     };

@@ -22,8 +22,8 @@ public:
         : m_cameras(cameras)
         , m_neighbours(static_cast<std::size_t>(cameras.count()))
         , m_turns(m_neighbours.size())
+        , m_isJoined(m_neighbours.size(), false)
     {
-        std::vector<bool> isJoined(m_neighbours.size(), false);
         for (const PicturePair &pair : pairs) {
             const int a = cameras.owner(pair.first);
             const int b = cameras.owner(pair.second);
@@ -32,21 +32,22 @@ public:
             neighbours(a).push_back({b, pair.isInner});
             neighbours(b).push_back({a, pair.isInner});
             if (pair.isJoined())
-                isJoined[place(a)] = isJoined[place(b)] = true;
+                m_isJoined[place(a)] = m_isJoined[place(b)] = true;
         }
         TurnFit fit;
         for (int i = 0; i < cameras.count(); ++i) {
-            if (isJoined[place(i)])
+            if (m_isJoined[place(i)])
                 fit.add(cameras.recorded(i), cameras.rotation(i));
         }
         m_whole = fit.turn();
         for (int i = 0; i < cameras.count(); ++i) {
-            if (isJoined[place(i)])
+            if (m_isJoined[place(i)])
                 m_turns[place(i)] = axisOf(
                     m_whole.transpose() * cameras.rotation(i) * cameras.recorded(i).transpose());
         }
     }
 
+    bool isJoined(int owner) const { return m_isJoined[place(owner)]; }
     bool isKnown(int owner) const { return m_turns[place(owner)].has_value(); }
     void setTurn(int owner, const Vector &turn) { m_turns[place(owner)] = turn; }
 
@@ -107,6 +108,7 @@ private:
     std::vector<std::vector<Neighbour>> m_neighbours;
     /// By owner, in the axes of the recorded world.
     std::vector<std::optional<Vector>> m_turns;
+    std::vector<bool> m_isJoined;
     Rotation m_whole = Rotation::Identity();
 };
 
@@ -115,14 +117,13 @@ private:
 void placeHeld(const PicturePairs &pairs, Cameras *cameras)
 {
     Turns turns(pairs, *cameras);
-    std::vector<int> held;
+    std::vector<int> rest;
     for (int i = 0; i < cameras->count(); ++i) {
-        if (cameras->owner(i) == i && !turns.isKnown(i))
-            held.push_back(i);
+        if (cameras->owner(i) == i && !turns.isJoined(i))
+            rest.push_back(i);
     }
     const double likeness = turns.likeness();
     // From the joined ones outward, those of one distance at a time.
-    std::vector<int> rest = held;
     while (!rest.empty()) {
         std::vector<std::pair<int, Vector>> next;
         for (const int owner : rest) {
@@ -139,11 +140,8 @@ void placeHeld(const PicturePairs &pairs, Cameras *cameras)
                        rest.begin(), rest.end(), [&](int owner) { return turns.isKnown(owner); }),
             rest.end());
     }
-    std::vector<bool> isHeld(static_cast<std::size_t>(cameras->count()), false);
-    for (const int owner : held)
-        isHeld[static_cast<std::size_t>(owner)] = true;
     for (int i = 0; i < cameras->count(); ++i) {
-        if (isHeld[static_cast<std::size_t>(cameras->owner(i))])
+        if (!turns.isJoined(cameras->owner(i)))
             cameras->setRotation(i, turns.rotationOf(i));
     }
 }
