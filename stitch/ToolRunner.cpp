@@ -17,7 +17,9 @@
 #include <QTimer>
 #include <algorithm>
 #include <csignal>
+#include <cstdlib>
 #include <memory>
+#include <pthread.h>
 #include <unistd.h>
 #include <vector>
 #ifdef Q_OS_LINUX
@@ -35,14 +37,31 @@ constexpr int kGrace = 2000;
 /// A program's last line is told up to here.
 constexpr int kToldCharacters = 200;
 
+/// This process while its thread starts a program, else 0.
+thread_local pid_t t_starter = 0;
+
 /// A group of its own: all of it can be ended, and Ctrl+C reaches only this process, which then
-/// ends the group in order.
+/// ends the group in order. Where this process is killed, the program ends with it.
 void leadGroup()
 {
+    if (t_starter == 0)
+        return;
     ::setpgid(0, 0);
 #ifdef Q_OS_LINUX
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    // Who is dead by now sends no signal any more.
+    if (::getppid() != t_starter)
+        ::_exit(EXIT_FAILURE);
 #endif
+}
+
+/// Qt's child waits for word from its parent before it does anything else: for ever, and with all
+/// files and locks open, where the parent is killed in between. So it leads its group from its
+/// first moment.
+void leadGroupsFromTheFork()
+{
+    static const int done = ::pthread_atfork(nullptr, nullptr, leadGroup);
+    Q_UNUSED(done)
 }
 
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
@@ -171,7 +190,10 @@ private:
         m_log.write("$ " + tool.program.toUtf8() + ' '
             + tool.arguments.join(QLatin1Char(' ')).toUtf8() + '\n');
         m_log.flush();
+        leadGroupsFromTheFork();
+        t_starter = ::getpid();
         job.process.start(tool.program, tool.arguments);
+        t_starter = 0;
         job.group = pid_t(job.process.processId());
     }
 

@@ -9,6 +9,8 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <algorithm>
+#include <csignal>
 
 namespace {
 
@@ -20,20 +22,44 @@ ToolCall standIn(const QTemporaryDir &folder, const Text &script, const Text &re
         result.isEmpty() ? QString() : folder.filePath(result)};
 }
 
+ToolRunner::Settings settings(const QTemporaryDir &folder)
+{
+    ToolRunner::Settings settings;
+    settings.log = folder.filePath(QStringLiteral("log.txt"));
+    settings.temporaryFolder = folder.path();
+    settings.pulse = 10;
+    return settings;
+}
+
+/// In the environment of this program where it is to do nothing but start tools, and of those.
+constexpr const char *kOnlyStarts = "ONLY_STARTS";
+
+int startMany()
+{
+    const QTemporaryDir folder;
+    ToolRunner::Settings many = settings(folder);
+    many.jobs = 200;
+    const ToolCall sleeper = standIn(folder, ": >\"$ONLY_STARTS\"; exec sleep 1000");
+    return int(ToolRunner(many).run(QVector<ToolCall>(many.jobs, sleeper), {}).end);
+}
+
+/// The processes that have \a mark as kOnlyStarts.
+QStringList processesWith(const QString &mark)
+{
+    const QByteArray wanted = kOnlyStarts + ('=' + mark.toUtf8());
+    QStringList processes
+        = QDir(QStringLiteral("/proc")).entryList({QStringLiteral("[1-9]*")}, QDir::Dirs);
+    const auto isOther = [&](const QString &process) {
+        return !contentIfThere(QStringLiteral("/proc/%1/environ").arg(process)).contains(wanted);
+    };
+    processes.erase(std::remove_if(processes.begin(), processes.end(), isOther), processes.end());
+    return processes;
+}
+
 } // namespace
 
 class tst_ToolRunner : public QObject {
     Q_OBJECT
-
-private:
-    static ToolRunner::Settings settings(const QTemporaryDir &folder)
-    {
-        ToolRunner::Settings settings;
-        settings.log = folder.filePath(QStringLiteral("log.txt"));
-        settings.temporaryFolder = folder.path();
-        settings.pulse = 10;
-        return settings;
-    }
 
 private slots:
     void failures_data()
@@ -122,6 +148,23 @@ private slots:
         QVERIFY(!QFile::exists(folder.filePath(QStringLiteral("never"))));
     }
 
+    /// Killed in the midst of starting tools, when some have only just begun to be processes.
+    void nothingOutlivesAKill()
+    {
+        for (int round = 0; round < 10; ++round) {
+            const QTemporaryDir folder;
+            const QString mark = folder.filePath(QStringLiteral("up"));
+            Surroundings marked{folder.path()};
+            marked.environment.insert(QLatin1String(kOnlyStarts), mark);
+            marked.environment.insert(QStringLiteral("TMPDIR"), folder.path());
+            RunningProgram starter(QCoreApplication::applicationFilePath(), {}, marked);
+            QVERIFY2(starter.await([&] { return QFile::exists(mark); }), starter.complaints());
+            starter.signal(SIGKILL);
+            starter.wait();
+            QTRY_COMPARE(processesWith(mark), QStringList());
+        }
+    }
+
     /// Each opens its end of a pipe, which blocks until the other has come, too.
     void runsSeveralAtATime()
     {
@@ -169,5 +212,13 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(tst_ToolRunner)
+int main(int argc, char *argv[])
+{
+    const QCoreApplication application(argc, argv);
+    if (qEnvironmentVariableIsSet(kOnlyStarts))
+        return startMany();
+    tst_ToolRunner test;
+    return QTest::qExec(&test, argc, argv);
+}
+
 #include "tst_ToolRunner.moc"
