@@ -142,8 +142,7 @@ Request takeRequest(const HeadEntry &entry, const QCommandLineParser &parser, Op
     if (entry.has("rotate")) {
         // 270 is one press of the button to the left.
         constexpr float kTurns[] = {90, 180, -90};
-        if (const auto turn = reader.choice("rotate", wordsOf(options::kRotate));
-            turn && *turn >= 0)
+        if (const auto turn = reader.choice("rotate", wordsOf(options::kRotate)))
             request.options.turn = kTurns[*turn];
     }
     takeChoices(entry, reader, &request.choices);

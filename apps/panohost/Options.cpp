@@ -41,10 +41,11 @@ std::optional<int> OptionReader::choice(const char *name, const QStringList &wor
     if (!isSet(name))
         return std::nullopt;
     const int place = words.indexOf(text(name));
-    if (place < 0)
-        refuse(QStringLiteral("--%1 wants one of %2, not \"%3\"")
-                   .arg(QLatin1String(name), words.join(QLatin1String(", ")), text(name)));
-    return place;
+    if (place >= 0)
+        return place;
+    refuse(QStringLiteral("--%1 wants one of %2, not \"%3\"")
+               .arg(QLatin1String(name), words.join(QLatin1String(", ")), text(name)));
+    return std::nullopt;
 }
 
 std::optional<double> OptionReader::number(const char *name, double least, double most)
@@ -54,13 +55,14 @@ std::optional<double> OptionReader::number(const char *name, double least, doubl
     bool isNumber = false;
     const double value = text(name).toDouble(&isNumber);
     // Not a number at all fails here too.
-    if (!isNumber || !(value >= least && value <= most))
-        refuse(QStringLiteral("--%1 wants a number from %2 to %3, not \"%4\"")
-                   .arg(QLatin1String(name))
-                   .arg(least)
-                   .arg(most)
-                   .arg(text(name)));
-    return value;
+    if (isNumber && value >= least && value <= most)
+        return value;
+    refuse(QStringLiteral("--%1 wants a number from %2 to %3, not \"%4\"")
+               .arg(QLatin1String(name))
+               .arg(least)
+               .arg(most)
+               .arg(text(name)));
+    return std::nullopt;
 }
 
 std::optional<int> OptionReader::integer(const char *name, int least, int most)
@@ -69,13 +71,14 @@ std::optional<int> OptionReader::integer(const char *name, int least, int most)
         return std::nullopt;
     bool isNumber = false;
     const int value = text(name).toInt(&isNumber);
-    if (!isNumber || value < least || value > most)
-        refuse(QStringLiteral("--%1 wants a whole number from %2 to %3, not \"%4\"")
-                   .arg(QLatin1String(name))
-                   .arg(least)
-                   .arg(most)
-                   .arg(text(name)));
-    return value;
+    if (isNumber && value >= least && value <= most)
+        return value;
+    refuse(QStringLiteral("--%1 wants a whole number from %2 to %3, not \"%4\"")
+               .arg(QLatin1String(name))
+               .arg(least)
+               .arg(most)
+               .arg(text(name)));
+    return std::nullopt;
 }
 
 bool OptionReader::lastOf(const char *on, const char *off, bool fallback) const
