@@ -48,8 +48,8 @@ public:
     bool isSet(const char *name) const { return m_parser.isSet(QLatin1String(name)); }
     QString text(const char *name) const { return m_parser.value(QLatin1String(name)); }
     QStringList texts(const char *name) const { return m_parser.values(QLatin1String(name)); }
-    /// The place of the value in \a words. Nothing, as in all of these, when the option is not given
-    /// or its value is refused.
+    /// The place of the value in \a words. Nothing, as in all of these, when the option is not
+    /// given or its value is refused.
     std::optional<int> choice(const char *name, const QStringList &words);
     std::optional<double> number(const char *name, double least, double most);
     std::optional<int> integer(const char *name, int least, int most);
