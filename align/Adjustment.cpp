@@ -22,6 +22,9 @@ namespace {
 constexpr double kPull = 0.01;
 /// The same for the pictures of one stack, which the head did not move.
 constexpr double kStackPull = 0.3;
+/// Working pixels a radian that count at most for both: what a head is off by are many pixels of a
+/// long lens, and pulled as hard they would change its focal length.
+constexpr double kMostPixels = 600;
 /// Working pixels beyond which a distance counts less, round by round: at first all count alike,
 /// and what fits comes near.
 constexpr double kHubers[] = {1e9, 1, 0.25, 0.15};
@@ -95,8 +98,9 @@ struct ChangingTurn {
 
 using Jacobian = Eigen::Map<Eigen::Matrix<double, Eigen::Dynamic, Eigen::Dynamic, Eigen::RowMajor>>;
 
-/// The distances of a pair's rays, in working pixels. Its blocks: the first place, the second, the
-/// first lens, and the second where it is another.
+/// The distances of a pair's rays, in working pixels of the changed lenses: of the nominal ones,
+/// all would come nearer by making the focal length longer. Its blocks: the first place, the
+/// second, the first lens, and the second where it is another.
 class PairCost : public ceres::CostFunction {
 public:
     PairCost(const AdjustmentTask &task, const AdjustmentTask::Pair &pair)
@@ -136,11 +140,13 @@ public:
         const ChangingTurn secondTurn(parameters[1]);
         const Rotation firstAxes = firstTurn.turn * first.base;
         const Rotation secondAxes = secondTurn.turn * second.base;
-        const double pixels = firstLens.lens.focal / firstLens.scale;
+        const double *zooms[] = {parameters[2], parameters[ownLens ? 3 : 2]};
+        const double pixels
+            = firstLens.lens.focal / firstLens.scale * std::exp((zooms[0][0] + zooms[1][0]) / 2);
 
         if (!jacobians) {
-            const Lens lenses[] = {changed(firstLens.lens, parameters[2]),
-                changed(secondLens.lens, parameters[ownLens ? 3 : 2])};
+            const Lens lenses[]
+                = {changed(firstLens.lens, zooms[0]), changed(secondLens.lens, zooms[1])};
             for (std::size_t i = 0; i < m_pair.matches.size(); ++i) {
                 const Match &match = m_pair.matches[i];
                 Eigen::Map<Vector>(residuals + 3 * i) = pixels * match.weight * m_weights[i]
@@ -151,13 +157,14 @@ public:
         }
         for (std::size_t i = 0; i < m_pair.matches.size(); ++i) {
             const Match &match = m_pair.matches[i];
-            const LensRay a = lensRay(firstLens.lens, parameters[2], match.inFirst);
-            const LensRay b = lensRay(secondLens.lens, parameters[ownLens ? 3 : 2], match.inSecond);
+            const LensRay a = lensRay(firstLens.lens, zooms[0], match.inFirst);
+            const LensRay b = lensRay(secondLens.lens, zooms[1], match.inSecond);
             const Vector firstRay = firstAxes * a.ray;
             const Vector secondRay = secondAxes * b.ray;
             const double weight = pixels * match.weight * m_weights[i];
             const auto row = static_cast<Eigen::Index>(3 * i);
-            Eigen::Map<Vector>(residuals + row) = weight * (firstRay - secondRay);
+            const Vector distance = weight * (firstRay - secondRay);
+            Eigen::Map<Vector>(residuals + row) = distance;
             const auto rows = [&](int block, int columns) {
                 return Jacobian(jacobians[block] + row * columns, 3, columns);
             };
@@ -166,8 +173,12 @@ public:
             if (jacobians[1])
                 rows(1, 3) = weight * crossWith(secondRay) * secondTurn.jacobian;
             for (int k = 0; k < 2; ++k) {
-                const Vector change = weight * (firstAxes * a.change[k]);
-                const Vector otherChange = weight * (secondAxes * b.change[k]);
+                Vector change = weight * (firstAxes * a.change[k]);
+                Vector otherChange = weight * (secondAxes * b.change[k]);
+                if (k == 0) {
+                    change += distance / 2;
+                    otherChange -= distance / 2;
+                }
                 if (jacobians[2])
                     rows(2, 2).col(k) = ownLens ? change : Vector(change - otherChange);
                 if (ownLens && jacobians[3])
@@ -270,7 +281,7 @@ AdjustmentResult adjust(const AdjustmentTask &task, const std::function<bool()> 
 
     double pixels = 1;
     for (const auto &lens : task.lenses)
-        pixels = std::max(pixels, lens.lens.focal / lens.scale);
+        pixels = std::max(pixels, std::min(lens.lens.focal / lens.scale, kMostPixels));
     Pull<3> pull(kPull * pixels, false);
     // What holds the whole where nothing else does: next to nothing.
     Pull<3> breath(kPull * pixels * 1e-3, false);

@@ -4,6 +4,8 @@
 #include "align/Agreement.h"
 
 #include <Eigen/Geometry>
+#include <algorithm>
+#include <cmath>
 #include <random>
 
 namespace align {
@@ -12,6 +14,8 @@ namespace {
 
 constexpr int kDraws = 150;
 constexpr std::size_t kFewest = 6;
+/// Radians that two pictures may be turned against each other other than expected.
+constexpr double kMostTurn = 15 * M_PI / 180;
 
 /// The axes that two directions span.
 Rotation frameOf(const Vector &a, const Vector &b)
@@ -54,14 +58,19 @@ Agreement agreedTurn(const std::vector<MatchedRays> &rays, const Rotation &expec
         return best;
     std::minstd_rand random(seed % 2147483646 + 1);
     const auto drawn = [&] { return random() % rays.size(); };
-    const auto isNear
-        = [&](const Rotation &turn) { return angleOf(turn * expected.transpose()) < limits.gate; };
+    const auto distance
+        = [&](const MatchedRays &pair) { return (expected * pair.second - pair.first).norm(); };
+    // Of a narrow picture a turn round its own axis is large before it takes points far.
+    const auto isNear = [&](const Rotation &turn) {
+        return angleOf(turn * expected.transpose()) < std::max(limits.gate, kMostTurn);
+    };
     // Directions closer together tell little about the turn round them.
     const double apart = 3 * limits.tolerance;
     for (int draw = 0; draw < kDraws; ++draw) {
         const MatchedRays &a = rays[drawn()];
         const MatchedRays &b = rays[drawn()];
-        if ((a.first - b.first).norm() < apart || (a.second - b.second).norm() < apart)
+        if ((a.first - b.first).norm() < apart || (a.second - b.second).norm() < apart
+            || distance(a) > limits.gate || distance(b) > limits.gate)
             continue;
         const Rotation turn = frameOf(a.first, b.first) * frameOf(a.second, b.second).transpose();
         if (!isNear(turn))
@@ -82,11 +91,11 @@ Agreement agreedTurn(const std::vector<MatchedRays> &rays, const Rotation &expec
         kFewest, static_cast<std::size_t>(limits.part * static_cast<double>(rays.size())));
     if (best.agreeing.size() < fewest || !isNear(best.turn))
         return {};
-    for (const int place : best.agreeing) {
-        const MatchedRays &pair = rays[static_cast<std::size_t>(place)];
-        best.distance += (expected * pair.second - pair.first).norm();
-    }
+    for (const int place : best.agreeing)
+        best.distance += distance(rays[static_cast<std::size_t>(place)]);
     best.distance /= static_cast<double>(best.agreeing.size());
+    if (best.distance > limits.gate)
+        return {};
     return best;
 }
 

@@ -40,7 +40,7 @@ struct Agreement {
 struct AgreementLimits {
     /// Radians that a ray may miss its like by.
     double tolerance = 0.015;
-    /// Radians that the turn may differ from the expected one.
+    /// Radians that things may be seen from where they are expected.
     double gate = 0.1;
     /// Part of the rays that must agree.
     double part = 0.25;

@@ -127,23 +127,25 @@ bool Aligner::run()
 
 bool Aligner::matchAll()
 {
-    if (!track(m_pairs.all(), QStringLiteral(QT_TRANSLATE_NOOP("Progress", "matching")), 0))
+    if (!track(m_pairs.all(), QStringLiteral(QT_TRANSLATE_NOOP("Progress", "matching"))))
         return false;
 
     // Where most fail, the others may have been found by chance. Of a grid, whose overlap is but
     // stated, less will do.
     PicturePairs::Places again = m_pairs.failed();
     const bool isLost = (m_isGrid ? 8 : 2) * again.size() > m_pairs.textured().size();
-    if (isLost)
-        again = m_pairs.doubtful();
+    const bool isDoubtful = isLost || m_pairs.isHeadFar();
+    if (isDoubtful) {
+        m_pairs.doubt();
+        again = m_pairs.failed();
+    }
     // What the first places do not help to join, either, is searched.
     const int searchRound = isLost ? 0 : 1;
-    const double leastPart = isLost ? PairMatcher::kSurePart : 0;
     const QString step = QStringLiteral(QT_TRANSLATE_NOOP("Progress", "matching again"));
     for (int round = 0; round < kRounds; ++round) {
         if (round == searchRound) {
             const PicturePairs::Places sought = isLost ? again : m_pairs.loose(again);
-            if (!search(sought) || !track(sought, step, leastPart))
+            if (!search(sought) || !track(sought, step))
                 return false;
         }
         if (again.empty() && !m_pairs.hasPoor())
@@ -156,9 +158,9 @@ bool Aligner::matchAll()
         PicturePairs::Places next = m_pairs.failed();
         const PicturePairs::Places distant = m_pairs.distant();
         next.insert(next.end(), distant.begin(), distant.end());
-        // Where some are sure, the lens and the places follow from them: what is near now is no
-        // chance.
-        if (!track(next, step, m_pairs.hasSure() ? 0 : leastPart))
+        if (isDoubtful)
+            m_pairs.doubt();
+        if (!track(next, step))
             return false;
         again = m_pairs.failed();
     }
@@ -169,10 +171,10 @@ bool Aligner::matchAll()
     return true;
 }
 
-bool Aligner::track(const PicturePairs::Places &wanted, const QString &step, double leastPart)
+bool Aligner::track(const PicturePairs::Places &wanted, const QString &step)
 {
-    const bool isDone = m_matcher.track(
-        wanted, leastPart, [&](int done, int total) { return tell(step, done, total); });
+    const bool isDone
+        = m_matcher.track(wanted, [&](int done, int total) { return tell(step, done, total); });
     endStep(step);
     return isDone;
 }

@@ -14,6 +14,7 @@
 #include <QDateTime>
 #include <QFileInfo>
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace align {
@@ -29,6 +30,10 @@ constexpr double kBend = 0.03;
 constexpr double kReach = 60;
 /// Part of the corners tracked that must agree on one turn.
 constexpr double kPart = 0.3;
+/// Part of the corners looked for that agree by chance, where windows look like windows.
+constexpr double kChance = 0.45;
+/// Part of them beyond which a pair is looked for nowhere else.
+constexpr double kClearPart = 0.8;
 /// Radians that a feature may be off its place; of a grid at least this part of the field of view.
 constexpr double kWideGate = 20 * M_PI / 180;
 constexpr double kGridGate = 0.8;
@@ -37,7 +42,23 @@ constexpr double kFeaturePart = 0.25;
 constexpr double kGridFeaturePart = 0.3;
 /// To be raised when matches are found in another way: what is kept of earlier runs is then not
 /// used.
-constexpr int kMethods = 3;
+constexpr int kMethods = 4;
+
+/// What is seen of the first picture where the second one is thought to look.
+struct Sight {
+    Tracked tracked;
+    Agreement agreement;
+
+    double found() const { return static_cast<double>(agreement.agreeing.size()); }
+    /// Of the corners looked for, how many are found and agree.
+    double part() const { return found() / std::max(tracked.sought, 1); }
+    /// More than chance finds, by two deviations.
+    bool isSure() const
+    {
+        const double chance = kChance * tracked.sought;
+        return agreement && found() >= chance + 2 * std::sqrt(chance * (1 - kChance));
+    }
+};
 
 std::vector<Match> chosen(
     const std::vector<Match> &matches, const Agreement &agreement, std::size_t most)
@@ -95,8 +116,7 @@ PairMatcher::PairMatcher(const PtoProject &project, const Cameras &cameras, bool
 {
 }
 
-bool PairMatcher::track(
-    const PicturePairs::Places &wanted, double leastPart, const Progress &progress)
+bool PairMatcher::track(const PicturePairs::Places &wanted, const Progress &progress)
 {
     const auto readCorners = [this](int picture) {
         WorkingPicture result = read(picture);
@@ -107,50 +127,57 @@ bool PairMatcher::track(
     const auto match
         = [&](const WorkingPicture &first, const WorkingPicture &second, PicturePair *pair) {
               if (!first.isNull() && !second.isNull())
-                  trackPair(first, second, leastPart, pair);
+                  trackPair(first, second, pair);
           };
-    return visit<WorkingPicture>("track", leastPart, wanted, readCorners, match, progress);
+    return visit<WorkingPicture>("track", wanted, readCorners, match, progress);
 }
 
 void PairMatcher::trackPair(
-    const WorkingPicture &first, const WorkingPicture &second, double leastPart, PicturePair *pair)
+    const WorkingPicture &first, const WorkingPicture &second, PicturePair *pair)
 {
     const Lens &lens = m_cameras.lens(pair->first);
     const TrackedView one{&first, lens, m_cameras.rotation(pair->first)};
     TrackedView other{&second, m_cameras.lens(pair->second), m_cameras.rotation(pair->second)};
-    int corners = 0;
-    const auto isFound = [&](const Rotation &place, bool isFar) {
+    const auto lookAt = [&](const Rotation &place) {
         other.rotation = place;
-        const Tracked tracked = align::track(one, other);
-        corners = tracked.corners;
-        const Agreement agreement
-            = agreementOf(*pair, one.rotation.transpose() * place, tracked.matches,
+        Sight sight;
+        sight.tracked = align::track(one, other);
+        sight.agreement
+            = agreementOf(*pair, one.rotation.transpose() * place, sight.tracked.matches,
                 {kBend * lens.unit / lens.focal, 2 * kReach * first.scale / lens.focal, kPart});
-        const auto found = static_cast<double>(agreement.agreeing.size());
-        if (!agreement || found < (isFar ? kSurePart : leastPart) * tracked.sought)
-            return false;
-        pair->turn = agreement.turn;
+        return sight;
+    };
+    const auto take = [&](const Sight &sight, bool isFar) {
+        pair->turn = sight.agreement.turn;
         // Found far off it was seen through what is known of the lens so far: not for the last
         // time.
         pair->distance = isFar ? std::numeric_limits<double>::infinity()
-                               : agreement.distance * lens.focal / first.scale;
-        pair->matches = chosen(tracked.matches, agreement, kKept);
-        pair->isSure = found >= kSurePart * tracked.sought;
-        pair->isRough = false;
-        return true;
+                               : sight.agreement.distance * lens.focal / first.scale;
+        pair->matches = chosen(sight.tracked.matches, sight.agreement, kKept);
+        pair->isSure = sight.isSure();
     };
     if (pair->isRough) {
-        if (!isFound(one.rotation * pair->turn, true))
+        const Sight sight = lookAt(one.rotation * pair->turn);
+        if (sight.isSure())
+            take(sight, true);
+        else
             pair->matches.clear();
         pair->isRough = false;
         return;
     }
-    const bool isNear = isFound(other.rotation, false);
-    pair->corners = corners;
+    const TrackedView expected = other;
+    const Sight near = lookAt(expected.rotation);
+    pair->corners = near.tracked.corners;
+    const bool isNear = near.agreement && (near.isSure() || !pair->isDoubted);
     if (isNear)
+        take(near, false);
+    if (isNear && (near.part() >= kClearPart || !pair->isDoubted))
         return;
-    if (const auto place = searchShift(one, other))
-        isFound(*place, true);
+    if (const auto place = searchShift(one, expected)) {
+        const Sight far = lookAt(*place);
+        if (far.isSure() && (!isNear || far.part() > near.part()))
+            take(far, true);
+    }
 }
 
 bool PairMatcher::search(const PicturePairs::Places &wanted, const Progress &progress)
@@ -172,20 +199,20 @@ bool PairMatcher::search(const PicturePairs::Places &wanted, const Progress &pro
         if (agreement)
             pair->turn = agreement.turn;
     };
-    return visit<Features>("search", 0, wanted, readFeatures, match, progress);
+    return visit<Features>("search", wanted, readFeatures, match, progress);
 }
 
 /// Has \a match done for each pair of \a wanted that no earlier run matched like this.
 template <class Picture, class Read, class Match>
-bool PairMatcher::visit(const char *method, double leastPart, const PicturePairs::Places &wanted,
-    const Read &read, const Match &match, const Progress &progress)
+bool PairMatcher::visit(const char *method, const PicturePairs::Places &wanted, const Read &read,
+    const Match &match, const Progress &progress)
 {
     PicturePairs::Places places;
     std::vector<QByteArray> keys;
     std::vector<QPair<int, int>> pictures;
     for (const int place : wanted) {
         PicturePair &pair = m_pairs[place];
-        const QByteArray key = m_cache.isUsed() ? keyOf(pair, method, leastPart) : QByteArray();
+        const QByteArray key = m_cache.isUsed() ? keyOf(pair, method) : QByteArray();
         const QByteArray known = m_cache.value(key);
         if (!known.isEmpty()) {
             unpack(known, &pair);
@@ -224,11 +251,11 @@ Agreement PairMatcher::agreementOf(const PicturePair &pair, const Rotation &expe
         static_cast<std::uint32_t>(pair.first) * 7919U + static_cast<std::uint32_t>(pair.second));
 }
 
-QByteArray PairMatcher::keyOf(const PicturePair &pair, const char *method, double leastPart) const
+QByteArray PairMatcher::keyOf(const PicturePair &pair, const char *method) const
 {
     QByteArray text;
     QDataStream stream(&text, QIODevice::WriteOnly);
-    stream << kMethods << QByteArray(method) << leastPart << m_isGrid << pair.isRough;
+    stream << kMethods << QByteArray(method) << pair.isDoubted << m_isGrid << pair.isRough;
     for (const int picture : {pair.first, pair.second}) {
         const PtoProject::Picture &entry = m_project.pictures.at(picture);
         const QFileInfo file(entry.path);

@@ -22,29 +22,24 @@ public:
     PairMatcher(const PtoProject &project, const Cameras &cameras, bool isGrid, PicturePairs *pairs,
         MatchCache *cache);
 
-    /// Part of the corners looked for that chance does not find where nothing is to be found.
-    static constexpr double kSurePart = 0.4;
-
-    /// Tracks corners near to where the cameras have them, or where features were found. At least
-    /// \a leastPart of those looked for must agree, kSurePart of those looked for far off. What a
-    /// pair had is kept where nothing is found, unless it was rough. False when \a progress ended
-    /// it.
-    bool track(const PicturePairs::Places &wanted, double leastPart, const Progress &progress);
+    /// Tracks corners near to where the cameras have them, or where features were found; where that
+    /// finds nothing, or too little of a pair that is doubted, far off. What a pair had is kept
+    /// where nothing is found, unless it was rough. False when \a progress ended it.
+    bool track(const PicturePairs::Places &wanted, const Progress &progress);
     /// Looks for features far around, and leaves rough pairs. The same.
     bool search(const PicturePairs::Places &wanted, const Progress &progress);
 
 private:
     template <class Picture, class Read, class Match>
-    bool visit(const char *method, double leastPart, const PicturePairs::Places &wanted,
-        const Read &read, const Match &match, const Progress &progress);
-    void trackPair(const WorkingPicture &first, const WorkingPicture &second, double leastPart,
-        PicturePair *pair);
+    bool visit(const char *method, const PicturePairs::Places &wanted, const Read &read,
+        const Match &match, const Progress &progress);
+    void trackPair(const WorkingPicture &first, const WorkingPicture &second, PicturePair *pair);
 
     WorkingPicture read(int picture) const;
     Agreement agreementOf(const PicturePair &pair, const Rotation &expected,
         const std::vector<Match> &matches, const AgreementLimits &limits) const;
     /// What makes the match of \a pair by \a method what it is.
-    QByteArray keyOf(const PicturePair &pair, const char *method, double leastPart) const;
+    QByteArray keyOf(const PicturePair &pair, const char *method) const;
 
     const PtoProject &m_project;
     const Cameras &m_cameras;

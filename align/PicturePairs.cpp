@@ -21,6 +21,8 @@ constexpr int kTextured = 20;
 /// it was found, and beyond which that is worth a round of its own.
 constexpr double kDistant = 10;
 constexpr double kFar = 40;
+/// The same, below which the head has been near.
+constexpr double kNear = 80;
 /// Matches that are few for a pair found far off.
 constexpr std::size_t kPoor = 15;
 /// Working pixels beyond which a match is wrong, and how many times the middle distance.
@@ -117,23 +119,45 @@ PicturePairs::Places PicturePairs::textured() const
     return where([](const PicturePair &pair) { return pair.isJoined() || pair.isTextured(); });
 }
 
-PicturePairs::Places PicturePairs::doubtful() const
-{
-    return where([](const PicturePair &pair) {
-        return (pair.isJoined() && !pair.isSure) || (!pair.isJoined() && pair.isTextured());
-    });
-}
-
 PicturePairs::Places PicturePairs::distant() const
 {
     return where(
         [](const PicturePair &pair) { return pair.isJoined() && pair.distance > kDistant; });
 }
 
-bool PicturePairs::hasSure() const
+/// Working pixels from where the head has them to where the sure ones were found, in the middle;
+/// nothing when none is sure.
+std::optional<double> PicturePairs::headDistance() const
 {
-    return std::any_of(m_pairs.begin(), m_pairs.end(),
-        [](const PicturePair &pair) { return pair.isJoined() && pair.isSure; });
+    std::vector<double> distances;
+    for (const PicturePair &pair : m_pairs) {
+        if (!pair.isJoined() || !pair.isSure || pair.isInner)
+            continue;
+        const Rotation recorded
+            = m_cameras.recorded(pair.first).transpose() * m_cameras.recorded(pair.second);
+        distances.push_back(angleOf(pair.turn * recorded.transpose())
+            * m_cameras.lens(pair.first).focal / m_cameras.scale(pair.first));
+    }
+    if (distances.empty())
+        return std::nullopt;
+    return geometry::upperMedian(std::move(distances));
+}
+
+bool PicturePairs::isHeadFar() const
+{
+    return headDistance().value_or(0) > kNear;
+}
+
+void PicturePairs::doubt()
+{
+    const std::vector<int> parts
+        = partsJoinedBy([](const PicturePair &pair) { return pair.isSure; });
+    const bool isNear = headDistance().value_or(kNear + 1) <= kNear;
+    for (PicturePair &pair : m_pairs) {
+        pair.isDoubted = !isNear && parts[at(pair.first)] != parts[at(pair.second)];
+        if (pair.isDoubted && !pair.isSure)
+            pair.matches.clear();
+    }
 }
 
 bool PicturePairs::hasPoor() const
@@ -170,11 +194,17 @@ PicturePairs::Places PicturePairs::loose(const Places &failed) const
 
 std::vector<int> PicturePairs::parts() const
 {
+    return partsJoinedBy([](const PicturePair &) { return true; });
+}
+
+template <class Condition>
+std::vector<int> PicturePairs::partsJoinedBy(const Condition &condition) const
+{
     DisjointSets sets(m_cameras.count());
     for (int i = 0; i < m_cameras.count(); ++i)
         sets.join(i, m_cameras.owner(i));
     for (const PicturePair &pair : m_pairs) {
-        if (pair.isJoined())
+        if (pair.isJoined() && condition(pair))
             sets.join(pair.first, pair.second);
     }
     std::vector<int> parts;

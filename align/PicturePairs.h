@@ -6,6 +6,7 @@
 #include "align/Agreement.h"
 #include "align/Cameras.h"
 
+#include <optional>
 #include <vector>
 
 namespace align {
@@ -23,6 +24,9 @@ struct PicturePair {
     Rotation turn = Rotation::Identity();
     /// Working pixels from where it was looked for to where it was found.
     double distance = 0;
+    /// Neither the head nor other pairs tell where it is to be looked for: only what is sure
+    /// counts.
+    bool isDoubted = false;
     /// Found by so many of the corners looked for that chance cannot have done it.
     bool isSure = false;
     /// Found by features, which only tell where to track.
@@ -62,12 +66,13 @@ public:
     Places failed() const;
     /// Those in which something was found, or should have been.
     Places textured() const;
-    /// Those of them of which one cannot be sure.
-    Places doubtful() const;
     /// Those found so far from where they were expected that more will be found there.
     Places distant() const;
-    /// Whether there are some that chance cannot have joined.
-    bool hasSure() const;
+    /// Whether the sure ones are not where the head has them.
+    bool isHeadFar() const;
+    /// Doubts those whose place neither the head nor sure ones tell, and forgets what is not sure
+    /// of them.
+    void doubt();
     /// Whether there are some that want tracking again.
     bool hasPoor() const;
     /// Those of \a failed that would join parts, or hold a place that hangs on one other.
@@ -86,6 +91,8 @@ public:
 
 private:
     template <class Condition> Places where(const Condition &condition) const;
+    template <class Condition> std::vector<int> partsJoinedBy(const Condition &condition) const;
+    std::optional<double> headDistance() const;
     bool dropBeyond(double limit, const std::vector<double> &middles);
     std::vector<double> middleResiduals() const;
 

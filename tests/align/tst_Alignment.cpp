@@ -238,6 +238,38 @@ private slots:
         }
     }
 
+    void narrow_data()
+    {
+        const Table<int, double, int> row("focal", "error", "seed");
+        row("10 degrees wide", 200, 0.3, 1);
+        row("10 degrees wide, other errors", 200, 0.3, 2);
+        row("10 degrees wide, head 1 degree off", 200, 1, 1);
+        row("10 degrees wide, head 1 degree off otherwise", 200, 1, 4);
+        row("20 degrees wide, head 2 degrees off", 100, 2, 4);
+        row("20 degrees wide, head 2 degrees off otherwise", 100, 2, 6);
+    }
+    /// Through a long lens the head is off by large parts of a picture, and its errors and those of
+    /// the focal length look alike.
+    void narrow()
+    {
+        QFETCH(int, focal);
+        QFETCH(double, error);
+        QFETCH(int, seed);
+        const QString folder = shooting(
+            QStringLiteral("--rows 3 --columns 5 --overlap 40 --size 360x240 --head-step 0.01 "
+                           "--focal-error 1 --focal %1 --head-error %2 --seed %3")
+                .arg(focal)
+                .arg(error)
+                .arg(seed));
+        const Alignment alignment = aligned(imported(folder, QStringLiteral("papywizard")));
+        const ShootingTruth truth = ShootingTruth::of(folder);
+        QCOMPARE(alignment.report.joined, 15);
+        const AlignError off = alignError(alignment.project, truth);
+        QVERIFY2(off.rms <= 0.1, qPrintable(QString::number(off.rms)));
+        QVERIFY2(qAbs(alignment.report.focal / truth.focal - 1) < 0.01,
+            qPrintable(QString::number(alignment.report.focal)));
+    }
+
     void whatIsMatched_data()
     {
         // Places in their stacks, as first and second picture of pairs between stacks and inside.
