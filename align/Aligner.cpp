@@ -164,6 +164,13 @@ bool Aligner::matchAll()
             return false;
         again = m_pairs.failed();
     }
+    const PicturePairs::Places clouds = m_pairs.loose(m_pairs.unjoined());
+    if (!clouds.empty()) {
+        const auto progress = [&](int done, int total) { return tell(step, done, total); };
+        if (!solve(false) || !m_matcher.trackClouds(clouds, progress))
+            return false;
+        endStep(step);
+    }
     do {
         if (!solve(true))
             return false;

@@ -44,22 +44,6 @@ constexpr double kGridFeaturePart = 0.3;
 /// used.
 constexpr int kMethods = 4;
 
-/// What is seen of the first picture where the second one is thought to look.
-struct Sight {
-    Tracked tracked;
-    Agreement agreement;
-
-    double found() const { return static_cast<double>(agreement.agreeing.size()); }
-    /// Of the corners looked for, how many are found and agree.
-    double part() const { return found() / std::max(tracked.sought, 1); }
-    /// More than chance finds, by two deviations.
-    bool isSure() const
-    {
-        const double chance = kChance * tracked.sought;
-        return agreement && found() >= chance + 2 * std::sqrt(chance * (1 - kChance));
-    }
-};
-
 std::vector<Match> chosen(
     const std::vector<Match> &matches, const Agreement &agreement, std::size_t most)
 {
@@ -106,6 +90,22 @@ void unpack(const QByteArray &value, PicturePair *pair)
 
 } // namespace
 
+/// What is seen of the first picture where the second one is thought to look.
+struct PairMatcher::Sight {
+    Tracked tracked;
+    Agreement agreement;
+
+    double found() const { return static_cast<double>(agreement.agreeing.size()); }
+    /// Of the corners looked for, how many are found and agree.
+    double part() const { return found() / std::max(tracked.sought, 1); }
+    /// More than chance finds, by two deviations.
+    bool isSure() const
+    {
+        const double chance = kChance * tracked.sought;
+        return agreement && found() >= chance + 2 * std::sqrt(chance * (1 - kChance));
+    }
+};
+
 PairMatcher::PairMatcher(const PtoProject &project, const Cameras &cameras, bool isGrid,
     PicturePairs *pairs, MatchCache *cache)
     : m_project(project)
@@ -132,6 +132,16 @@ bool PairMatcher::track(const PicturePairs::Places &wanted, const Progress &prog
     return visit<WorkingPicture>("track", wanted, readCorners, match, progress);
 }
 
+PairMatcher::Sight PairMatcher::lookAt(
+    const PicturePair &pair, const TrackedView &one, const TrackedView &other, double gate) const
+{
+    Sight sight;
+    sight.tracked = align::track(one, other);
+    sight.agreement = agreementOf(pair, one.rotation.transpose() * other.rotation,
+        sight.tracked.matches, {kBend * one.lens.unit / one.lens.focal, gate, kPart});
+    return sight;
+}
+
 void PairMatcher::trackPair(
     const WorkingPicture &first, const WorkingPicture &second, PicturePair *pair)
 {
@@ -140,12 +150,7 @@ void PairMatcher::trackPair(
     TrackedView other{&second, m_cameras.lens(pair->second), m_cameras.rotation(pair->second)};
     const auto lookAt = [&](const Rotation &place) {
         other.rotation = place;
-        Sight sight;
-        sight.tracked = align::track(one, other);
-        sight.agreement
-            = agreementOf(*pair, one.rotation.transpose() * place, sight.tracked.matches,
-                {kBend * lens.unit / lens.focal, 2 * kReach * first.scale / lens.focal, kPart});
-        return sight;
+        return this->lookAt(*pair, one, other, 2 * kReach * first.scale / lens.focal);
     };
     const auto take = [&](const Sight &sight, bool isFar) {
         pair->turn = sight.agreement.turn;
@@ -178,6 +183,35 @@ void PairMatcher::trackPair(
         if (far.isSure() && (!isNear || far.part() > near.part()))
             take(far, true);
     }
+}
+
+bool PairMatcher::trackClouds(const PicturePairs::Places &wanted, const Progress &progress)
+{
+    const auto readClouds = [this](int picture) {
+        const WorkingPicture whole = read(picture);
+        WorkingPicture result = whole.isNull() ? whole : cloudsOf(whole);
+        if (!result.isNull())
+            findCorners(&result);
+        return result;
+    };
+    const auto match
+        = [this](const WorkingPicture &first, const WorkingPicture &second, PicturePair *pair) {
+              if (first.isNull() || second.isNull())
+                  return;
+              const Lens &lens = m_cameras.lens(pair->first);
+              const Sight sight = lookAt(*pair, {&first, lens, m_cameras.rotation(pair->first)},
+                  {&second, m_cameras.lens(pair->second), m_cameras.rotation(pair->second)},
+                  kReach * m_cameras.scale(pair->first) / lens.focal);
+              if (!sight.isSure())
+                  return;
+              pair->turn = sight.agreement.turn;
+              pair->distance = 0;
+              pair->matches = chosen(sight.tracked.matches, sight.agreement, kKept);
+              for (Match &match : pair->matches)
+                  match.weight *= m_cameras.scale(pair->first) / first.scale;
+              pair->isSure = true;
+          };
+    return visit<WorkingPicture>("clouds", wanted, readClouds, match, progress);
 }
 
 bool PairMatcher::search(const PicturePairs::Places &wanted, const Progress &progress)

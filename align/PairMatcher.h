@@ -5,6 +5,7 @@
 
 #include "align/MatchCache.h"
 #include "align/PicturePairs.h"
+#include "align/Tracking.h"
 #include "align/WorkingPicture.h"
 
 #include <functional>
@@ -26,15 +27,22 @@ public:
     /// finds nothing, or too little of a pair that is doubted, far off. What a pair had is kept
     /// where nothing is found, unless it was rough. False when \a progress ended it.
     bool track(const PicturePairs::Places &wanted, const Progress &progress);
+    /// Tracks clouds near to where the cameras have them, less exactly. The same.
+    bool trackClouds(const PicturePairs::Places &wanted, const Progress &progress);
     /// Looks for features far around, and leaves rough pairs. The same.
     bool search(const PicturePairs::Places &wanted, const Progress &progress);
 
 private:
+    struct Sight;
+
     template <class Picture, class Read, class Match>
     bool visit(const char *method, const PicturePairs::Places &wanted, const Read &read,
         const Match &match, const Progress &progress);
     void trackPair(const WorkingPicture &first, const WorkingPicture &second, PicturePair *pair);
 
+    /// \a gate: radians that things may be from where the views have them.
+    Sight lookAt(const PicturePair &pair, const TrackedView &one, const TrackedView &other,
+        double gate) const;
     WorkingPicture read(int picture) const;
     Agreement agreementOf(const PicturePair &pair, const Rotation &expected,
         const std::vector<Match> &matches, const AgreementLimits &limits) const;

@@ -114,6 +114,11 @@ PicturePairs::Places PicturePairs::failed() const
     return where([](const PicturePair &pair) { return !pair.isJoined() && pair.isTextured(); });
 }
 
+PicturePairs::Places PicturePairs::unjoined() const
+{
+    return where([](const PicturePair &pair) { return !pair.isJoined(); });
+}
+
 PicturePairs::Places PicturePairs::textured() const
 {
     return where([](const PicturePair &pair) { return pair.isJoined() || pair.isTextured(); });

@@ -64,6 +64,8 @@ public:
     Places all() const;
     /// Those in which something should have been found, and was not.
     Places failed() const;
+    /// Those in which nothing was found.
+    Places unjoined() const;
     /// Those in which something was found, or should have been.
     Places textured() const;
     /// Those found so far from where they were expected that more will be found there.

@@ -38,6 +38,14 @@ constexpr double kCalmTimes = 2.5;
 /// Grey levels a pixel that are no noise, whatever the calmest part of a picture is like.
 constexpr double kClearGradient = 3;
 
+/// Pixels of the longer side of a picture of clouds.
+constexpr double kCloudsSide = 225;
+/// Pixels of it: what is smaller is noise, what is larger is light.
+constexpr double kNoise = 1.5;
+constexpr double kLight = 6;
+/// By which clouds are made stronger.
+constexpr double kCloudsGain = 24;
+
 cv::Mat decodedJpeg(const uchar *data, qint64 bytes, QSize *size, int *reduction)
 {
     const std::unique_ptr<void, int (*)(tjhandle)> decoder(tjInitDecompress(), tjDestroy);
@@ -161,6 +169,25 @@ WorkingPicture readWorkingPicture(const QString &path, const QSize &size)
     picture.origin = Point((size.width() - 1) / 2.0, (size.height() - 1) / 2.0)
         - Point(picture.grey.cols - 1, picture.grey.rows - 1) * (picture.scale / 2);
     return picture;
+}
+
+WorkingPicture cloudsOf(const WorkingPicture &picture)
+{
+    const double reduction
+        = std::max(1.0, std::max(picture.grey.cols, picture.grey.rows) / kCloudsSide);
+    cv::Mat small;
+    cv::resize(picture.grey, small, {}, 1 / reduction, 1 / reduction, cv::INTER_AREA);
+    cv::Mat_<float> shades;
+    small.convertTo(shades, CV_32F);
+    cv::Mat_<float> calm;
+    cv::Mat_<float> light;
+    cv::GaussianBlur(shades, calm, {}, kNoise);
+    cv::GaussianBlur(shades, light, {}, kLight);
+    WorkingPicture clouds;
+    cv::Mat(calm - light).convertTo(clouds.grey, CV_8U, kCloudsGain, 128);
+    clouds.scale = picture.scale * reduction;
+    clouds.origin = picture.toStored(Point(1, 1) * ((reduction - 1) / 2));
+    return clouds;
 }
 
 void findCorners(WorkingPicture *picture)

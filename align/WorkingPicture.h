@@ -46,6 +46,9 @@ int workingScale(const QSize &size);
 /// a smaller size at once, the orientation left as it is. Null when it cannot be read. Any thread.
 WorkingPicture readWorkingPicture(const QString &path, const QSize &size);
 
+/// \a picture much reduced, and only what is neither noise nor light in it, made strong: clouds.
+WorkingPicture cloudsOf(const WorkingPicture &picture);
+
 /// Finds the corners and the noise of \a picture. Any thread.
 void findCorners(WorkingPicture *picture);
 

@@ -164,8 +164,8 @@ private slots:
         row("the same houses again and again", more(wrongSphere, " --repeat"), "papywizard", 0,
             0.02);
         row("half of it sky", more(wrongSphere, " --sky 20"), "papywizard", 1, 0.2);
-        row("blurred and noisy sky", more(wrongSphere, " --blurred-sky --noise 3"), "papywizard", 4,
-            0.3);
+        row("blurred and noisy sky", more(wrongSphere, " --blurred-sky --noise 3"), "papywizard", 0,
+            0.15);
         row("brackets of 4, points inside", more(wrongRow, " --brackets 3 --bracket-step 4"),
             "papywizard --stacks points", 14, 0.05);
         row("brackets of 2, all levels", more(wrongRow, " --brackets 3"), "papywizard --levels all",
