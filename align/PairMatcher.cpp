@@ -147,10 +147,11 @@ void PairMatcher::trackPair(
 {
     const Lens &lens = m_cameras.lens(pair->first);
     const TrackedView one{&first, lens, m_cameras.rotation(pair->first)};
-    TrackedView other{&second, m_cameras.lens(pair->second), m_cameras.rotation(pair->second)};
-    const auto lookAt = [&](const Rotation &place) {
-        other.rotation = place;
-        return this->lookAt(*pair, one, other, 2 * kReach * first.scale / lens.focal);
+    const TrackedView other{
+        &second, m_cameras.lens(pair->second), m_cameras.rotation(pair->second)};
+    const auto lookTo = [&](const Rotation &place) {
+        return lookAt(
+            *pair, one, {other.picture, other.lens, place}, 2 * kReach * first.scale / lens.focal);
     };
     const auto take = [&](const Sight &sight, bool isFar) {
         pair->turn = sight.agreement.turn;
@@ -162,7 +163,7 @@ void PairMatcher::trackPair(
         pair->isSure = sight.isSure();
     };
     if (pair->isRough) {
-        const Sight sight = lookAt(one.rotation * pair->turn);
+        const Sight sight = lookTo(one.rotation * pair->turn);
         if (sight.isSure())
             take(sight, true);
         else
@@ -170,16 +171,15 @@ void PairMatcher::trackPair(
         pair->isRough = false;
         return;
     }
-    const TrackedView expected = other;
-    const Sight near = lookAt(expected.rotation);
+    const Sight near = lookTo(other.rotation);
     pair->corners = near.tracked.corners;
     const bool isNear = near.agreement && (near.isSure() || !pair->isDoubted);
     if (isNear)
         take(near, false);
     if (isNear && (near.part() >= kClearPart || !pair->isDoubted))
         return;
-    if (const auto place = searchShift(one, expected)) {
-        const Sight far = lookAt(*place);
+    if (const auto place = searchShift(one, other)) {
+        const Sight far = lookTo(*place);
         if (far.isSure() && (!isNear || far.part() > near.part()))
             take(far, true);
     }
