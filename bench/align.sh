@@ -135,6 +135,8 @@ head counts from elsewhere;$sphere $errors --head-offset 4,3;papywizard
 focal length 5 % off;$sphere --head-error 0.3 --focal-error 5 --distortion -0.03;papywizard
 head 3 degrees off, wide;$sphere --head-error 3 --focal-error 1;papywizard
 head 1 degree off, 10 degrees wide;--rows 3 --columns 6 --focal 200 --overlap 40 --head-error 1 --focal-error 1 --head-step 0.01;papywizard
+head 2 degrees off, 20 degrees wide;--rows 3 --columns 6 --focal 100 --overlap 40 --head-error 2 --focal-error 1 --head-step 0.01;papywizard
+head 0.3 degrees off, 10 degrees wide;--rows 6 --columns 10 --focal 200 --overlap 35 $errors --head-step 0.01;papywizard
 head 3 degrees off, narrow;--rows 3 --columns 8 --focal 50 --overlap 40 --head-error 3 --focal-error 1;papywizard
 fisheye;--lens fisheye --focal 15 --sphere --overlap 40 $errors;papywizard
 fisheye, 5 pictures;--lens fisheye --focal 8 --sphere --overlap 30 $errors;papywizard
