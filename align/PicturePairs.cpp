@@ -159,7 +159,8 @@ void PicturePairs::doubt()
         = partsJoinedBy([](const PicturePair &pair) { return pair.isSure; });
     const bool isNear = headDistance().value_or(kNear + 1) <= kNear;
     for (PicturePair &pair : m_pairs) {
-        pair.isDoubted = !isNear && parts[at(pair.first)] != parts[at(pair.second)];
+        pair.isDoubted
+            = !isNear && !pair.isInner && parts[at(pair.first)] != parts[at(pair.second)];
         if (pair.isDoubted && !pair.isSure)
             pair.matches.clear();
     }
