@@ -31,7 +31,7 @@ constexpr double kHubers[] = {1e9, 1, 0.25, 0.15};
 constexpr int kFirstIterations = 8;
 constexpr int kIterations = 2;
 /// Working pixels for a focal length of twice the length, or a distortion of 1.
-constexpr double kLensPull = 20;
+constexpr double kLensPull = 10;
 
 /// A lens's parameters: the logarithm of how much longer its focal length is, and its distortion.
 using LensBlock = std::array<double, 2>;

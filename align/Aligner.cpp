@@ -16,6 +16,7 @@
 #include <QtMath>
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace align {
 
@@ -134,7 +135,7 @@ bool Aligner::matchAll()
     // stated, less will do.
     PicturePairs::Places again = m_pairs.failed();
     const bool isLost = (m_isGrid ? 8 : 2) * again.size() > m_pairs.textured().size();
-    const bool isDoubtful = isLost || m_pairs.isHeadFar();
+    const bool isDoubtful = isLost || m_pairs.head() == PicturePairs::Head::Far;
     if (isDoubtful) {
         m_pairs.doubt();
         again = m_pairs.failed();
@@ -155,21 +156,27 @@ bool Aligner::matchAll()
         if (!solve(false))
             return false;
         m_pairs.dropWrong();
+        if (isDoubtful)
+            m_pairs.doubt();
         PicturePairs::Places next = m_pairs.failed();
         const PicturePairs::Places distant = m_pairs.distant();
         next.insert(next.end(), distant.begin(), distant.end());
-        if (isDoubtful)
-            m_pairs.doubt();
         if (!track(next, step))
             return false;
         again = m_pairs.failed();
     }
-    const PicturePairs::Places clouds = m_pairs.loose(m_pairs.unjoined());
+    const PicturePairs::Places clouds = m_pairs.clouds();
     if (!clouds.empty()) {
         const auto progress = [&](int done, int total) { return tell(step, done, total); };
         if (!solve(false) || !m_matcher.trackClouds(clouds, progress))
             return false;
         endStep(step);
+        // From where clouds have put them, pictures that show more may be tracked exactly.
+        PicturePairs::Places exact;
+        std::copy_if(clouds.begin(), clouds.end(), std::back_inserter(exact),
+            [this](int place) { return m_pairs[place].isJoined() && m_pairs[place].isTextured(); });
+        if (!exact.empty() && !(solve(false) && track(exact, step)))
+            return false;
     }
     do {
         if (!solve(true))
@@ -332,7 +339,10 @@ void Aligner::reportResiduals(AlignReport *report) const
     double workingSquares = 0;
     int points = 0;
     for (const PicturePair &pair : m_pairs) {
-        for (const double working : m_pairs.residuals(pair)) {
+        const std::vector<double> residuals = m_pairs.residuals(pair);
+        for (std::size_t i = 0; i < residuals.size(); ++i) {
+            // What is not sure of its place, as clouds, tells as little of the others'.
+            const double working = residuals[i] * pair.matches[i].weight;
             const double distance = working * m_cameras.scale(pair.first);
             squares += distance * distance;
             workingSquares += working * working;

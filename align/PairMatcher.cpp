@@ -32,6 +32,8 @@ constexpr double kReach = 60;
 constexpr double kPart = 0.3;
 /// Part of the corners looked for that agree by chance, where windows look like windows.
 constexpr double kChance = 0.45;
+/// Part of them that is enough where features are.
+constexpr double kRoughPart = 0.4;
 /// Part of them beyond which a pair is looked for nowhere else.
 constexpr double kClearPart = 0.8;
 /// Radians that a feature may be off its place; of a grid at least this part of the field of view.
@@ -135,10 +137,20 @@ bool PairMatcher::track(const PicturePairs::Places &wanted, const Progress &prog
 PairMatcher::Sight PairMatcher::lookAt(
     const PicturePair &pair, const TrackedView &one, const TrackedView &other, double gate) const
 {
-    Sight sight;
-    sight.tracked = align::track(one, other);
-    sight.agreement = agreementOf(pair, one.rotation.transpose() * other.rotation,
-        sight.tracked.matches, {kBend * one.lens.unit / one.lens.focal, gate, kPart});
+    const auto sightOf = [&](Shades shades) {
+        Sight sight;
+        sight.tracked = align::track(one, other, shades);
+        sight.agreement = agreementOf(pair, one.rotation.transpose() * other.rotation,
+            sight.tracked.matches, {kBend * one.lens.unit / one.lens.focal, gate, kPart});
+        return sight;
+    };
+    Sight sight = sightOf(Shades::AsTheyAre);
+    // Within a stack it is equally dark at the same places.
+    if (sight.part() < kClearPart && !pair.isInner) {
+        Sight again = sightOf(Shades::AgainstLight);
+        if (again.found() > sight.found())
+            return again;
+    }
     return sight;
 }
 
@@ -164,7 +176,8 @@ void PairMatcher::trackPair(
     };
     if (pair->isRough) {
         const Sight sight = lookTo(one.rotation * pair->turn);
-        if (sight.isSure())
+        // Features and corners are two witnesses.
+        if (sight.agreement && sight.part() >= kRoughPart)
             take(sight, true);
         else
             pair->matches.clear();

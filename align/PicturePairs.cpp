@@ -21,8 +21,9 @@ constexpr int kTextured = 20;
 /// it was found, and beyond which that is worth a round of its own.
 constexpr double kDistant = 10;
 constexpr double kFar = 40;
-/// The same, below which the head has been near.
-constexpr double kNear = 80;
+/// Working pixels by which sure pairs are off, in the middle, beyond which the head is no guide to
+/// the others.
+constexpr double kHeadNear = 80;
 /// Matches that are few for a pair found far off.
 constexpr std::size_t kPoor = 15;
 /// Working pixels beyond which a match is wrong, and how many times the middle distance.
@@ -111,12 +112,30 @@ PicturePairs::Places PicturePairs::where(const Condition &condition) const
 
 PicturePairs::Places PicturePairs::failed() const
 {
-    return where([](const PicturePair &pair) { return !pair.isJoined() && pair.isTextured(); });
+    return where([](const PicturePair &pair) {
+        return !pair.isJoined() && (pair.isTextured() || (pair.isDoubted && pair.corners > 0));
+    });
 }
 
-PicturePairs::Places PicturePairs::unjoined() const
+PicturePairs::Places PicturePairs::clouds() const
 {
-    return where([](const PicturePair &pair) { return !pair.isJoined(); });
+    std::vector<bool> isJoined(at(m_cameras.count()), false);
+    for (const PicturePair &pair : m_pairs) {
+        if (pair.isJoined() && !pair.isInner)
+            isJoined[at(pair.first)] = isJoined[at(pair.second)] = true;
+    }
+    // The others of its stack know better than clouds where a picture looks.
+    std::vector<bool> isHeld(at(m_cameras.count()), false);
+    for (const PicturePair &pair : m_pairs) {
+        if (pair.isInner) {
+            isHeld[at(pair.first)] = isHeld[at(pair.first)] || isJoined[at(pair.second)];
+            isHeld[at(pair.second)] = isHeld[at(pair.second)] || isJoined[at(pair.first)];
+        }
+    }
+    return loose(where([&](const PicturePair &pair) {
+        return !pair.isJoined() && !pair.isInner && !isHeld[at(pair.first)]
+            && !isHeld[at(pair.second)];
+    }));
 }
 
 PicturePairs::Places PicturePairs::textured() const
@@ -130,34 +149,43 @@ PicturePairs::Places PicturePairs::distant() const
         [](const PicturePair &pair) { return pair.isJoined() && pair.distance > kDistant; });
 }
 
-/// Working pixels from where the head has them to where the sure ones were found, in the middle;
-/// nothing when none is sure.
-std::optional<double> PicturePairs::headDistance() const
+/// Working pixels from where the head has the matches of \a pair to where they were found.
+double PicturePairs::headDistance(const PicturePair &pair) const
 {
-    std::vector<double> distances;
-    for (const PicturePair &pair : m_pairs) {
-        if (!pair.isJoined() || !pair.isSure || pair.isInner)
-            continue;
-        const Rotation recorded
-            = m_cameras.recorded(pair.first).transpose() * m_cameras.recorded(pair.second);
-        distances.push_back(angleOf(pair.turn * recorded.transpose())
-            * m_cameras.lens(pair.first).focal / m_cameras.scale(pair.first));
-    }
-    if (distances.empty())
-        return std::nullopt;
-    return geometry::upperMedian(std::move(distances));
+    const Lens &first = m_cameras.lens(pair.first);
+    const Lens &second = m_cameras.lens(pair.second);
+    double sum = 0;
+    for (const Match &match : pair.matches)
+        sum += (m_cameras.recorded(pair.first) * first.ray(match.inFirst)
+            - m_cameras.recorded(pair.second) * second.ray(match.inSecond))
+                   .norm();
+    return sum / static_cast<double>(pair.matches.size()) * first.focal
+        / m_cameras.scale(pair.first);
 }
 
-bool PicturePairs::isHeadFar() const
+PicturePairs::Head PicturePairs::head() const
 {
-    return headDistance().value_or(0) > kNear;
+    std::vector<double> sure;
+    std::vector<double> all;
+    for (const PicturePair &pair : m_pairs) {
+        if (!pair.isJoined() || pair.isInner)
+            continue;
+        all.push_back(headDistance(pair));
+        if (pair.isSure)
+            sure.push_back(all.back());
+    }
+    if (!sure.empty())
+        return geometry::upperMedian(std::move(sure)) <= kHeadNear ? Head::Near : Head::Far;
+    // Chance would scatter them as far as tracking reaches.
+    const bool isNear = !all.empty() && geometry::upperMedian(std::move(all)) <= kDistant;
+    return isNear ? Head::Near : Head::Unknown;
 }
 
 void PicturePairs::doubt()
 {
     const std::vector<int> parts
         = partsJoinedBy([](const PicturePair &pair) { return pair.isSure; });
-    const bool isNear = headDistance().value_or(kNear + 1) <= kNear;
+    const bool isNear = head() == Head::Near;
     for (PicturePair &pair : m_pairs) {
         pair.isDoubted
             = !isNear && !pair.isInner && parts[at(pair.first)] != parts[at(pair.second)];

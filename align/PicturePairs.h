@@ -6,7 +6,6 @@
 #include "align/Agreement.h"
 #include "align/Cameras.h"
 
-#include <optional>
 #include <vector>
 
 namespace align {
@@ -64,14 +63,16 @@ public:
     Places all() const;
     /// Those in which something should have been found, and was not.
     Places failed() const;
-    /// Those in which nothing was found.
-    Places unjoined() const;
+    /// Those that would join parts by next to nothing, such as clouds.
+    Places clouds() const;
     /// Those in which something was found, or should have been.
     Places textured() const;
     /// Those found so far from where they were expected that more will be found there.
     Places distant() const;
-    /// Whether the sure ones are not where the head has them.
-    bool isHeadFar() const;
+    enum class Head { Near, Far, Unknown };
+    /// Whether what is found lies about where the head has it; unknown as long as chance may have
+    /// found it.
+    Head head() const;
     /// Doubts those whose place neither the head nor sure ones tell, and forgets what is not sure
     /// of them.
     void doubt();
@@ -94,7 +95,7 @@ public:
 private:
     template <class Condition> Places where(const Condition &condition) const;
     template <class Condition> std::vector<int> partsJoinedBy(const Condition &condition) const;
-    std::optional<double> headDistance() const;
+    double headDistance(const PicturePair &pair) const;
     bool dropBeyond(double limit, const std::vector<double> &middles);
     std::vector<double> middleResiduals() const;
 

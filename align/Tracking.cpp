@@ -20,6 +20,8 @@ constexpr int kLevels = 3;
 /// Working pixels that a corner keeps from the border of either picture.
 constexpr double kBorder = 10;
 constexpr int kSought = 60;
+/// Pixels of the square about a pixel whose mean is its light.
+constexpr int kLit = 81;
 constexpr int kPatch = 11;
 /// Correlation of two patches of the same thing.
 constexpr double kAlike = 0.8;
@@ -144,8 +146,17 @@ void follow(const cv::Mat &from, const cv::Mat &to, const std::vector<cv::Point2
         cv::OPTFLOW_USE_INITIAL_FLOW);
 }
 
+cv::Mat againstLight(const cv::Mat &grey)
+{
+    cv::Mat light;
+    cv::blur(grey, light, {kLit, kLit});
+    cv::Mat result;
+    cv::addWeighted(grey, 1, light, -1, 128, result);
+    return result;
+}
+
 /// Finds corners of \a first in \a second.
-Tracked tracked(const TrackedView &first, const TrackedView &second)
+Tracked tracked(const TrackedView &first, const TrackedView &second, Shades shades)
 {
     const WorkingPicture &one = *first.picture;
     const WorkingPicture &other = *second.picture;
@@ -162,10 +173,14 @@ Tracked tracked(const TrackedView &first, const TrackedView &second)
     if (sought.size() < 6)
         return result;
     result.sought = static_cast<int>(sought.size());
-    const cv::Mat grey = one.grey(area);
+    cv::Mat grey = one.grey(area);
     cv::Mat warped;
     cv::remap(
         other.grey, warped, map.pixels(), cv::noArray(), cv::INTER_LINEAR, cv::BORDER_REPLICATE);
+    if (shades == Shades::AgainstLight) {
+        grey = againstLight(grey);
+        warped = againstLight(warped);
+    }
     matchBrightness(grey, map, other.grey.size(), &warped);
 
     const cv::Point2f corner(area.tl());
@@ -193,12 +208,12 @@ Tracked tracked(const TrackedView &first, const TrackedView &second)
 
 } // namespace
 
-Tracked track(const TrackedView &first, const TrackedView &second)
+Tracked track(const TrackedView &first, const TrackedView &second, Shades shades)
 {
     const int corners[2] = {cornersShown(first, second), cornersShown(second, first)};
     // Of what one picture shows, another that is overexposed may not have kept much.
     const bool isBack = 2 * corners[1] < corners[0];
-    Tracked result = isBack ? tracked(second, first) : tracked(first, second);
+    Tracked result = isBack ? tracked(second, first, shades) : tracked(first, second, shades);
     result.corners = std::min(corners[0], corners[1]);
     for (Match &match : result.matches) {
         if (isBack)

@@ -24,9 +24,13 @@ struct Tracked {
     int sought = 0;
 };
 
+/// What is compared: pictures as they are, or what stands out in them from the light about it,
+/// which a lens that grows darker towards the border leaves as it is.
+enum class Shades { AsTheyAre, AgainstLight };
+
 /// Finds corners of one view in the other, which is turned into the first one's frame for it; they
 /// are found when they lie within some 30 working pixels of where the rotations say.
-Tracked track(const TrackedView &first, const TrackedView &second);
+Tracked track(const TrackedView &first, const TrackedView &second, Shades shades);
 
 /// Parts of the first one's area, 0 to 1, that the second shows by the rotations.
 double overlapOf(const Lens &first, const QSize &firstSize, const Rotation &firstRotation,

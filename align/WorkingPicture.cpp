@@ -43,6 +43,8 @@ constexpr double kCloudsSide = 225;
 /// Pixels of it: what is smaller is noise, what is larger is light.
 constexpr double kNoise = 1.5;
 constexpr double kLight = 6;
+/// Pixels of the shorter side below which no clouds can be told apart.
+constexpr double kFewestRows = 16;
 /// By which clouds are made stronger.
 constexpr double kCloudsGain = 24;
 
@@ -101,7 +103,7 @@ float calmOf(const cv::Mat &strength)
             values.clear();
             for (int y = row * strength.rows / kRows; y < (row + 1) * strength.rows / kRows;
                  y += 4) {
-                const float *line = strength.ptr<float>(y);
+                const auto *line = strength.ptr<float>(y);
                 for (int x = column * strength.cols / kColumns;
                      x < (column + 1) * strength.cols / kColumns; x += 4)
                     values.push_back(line[x]);
@@ -175,6 +177,9 @@ WorkingPicture cloudsOf(const WorkingPicture &picture)
 {
     const double reduction
         = std::max(1.0, std::max(picture.grey.cols, picture.grey.rows) / kCloudsSide);
+    WorkingPicture clouds;
+    if (std::min(picture.grey.cols, picture.grey.rows) < kFewestRows * reduction)
+        return clouds;
     cv::Mat small;
     cv::resize(picture.grey, small, {}, 1 / reduction, 1 / reduction, cv::INTER_AREA);
     cv::Mat_<float> shades;
@@ -183,7 +188,6 @@ WorkingPicture cloudsOf(const WorkingPicture &picture)
     cv::Mat_<float> light;
     cv::GaussianBlur(shades, calm, {}, kNoise);
     cv::GaussianBlur(shades, light, {}, kLight);
-    WorkingPicture clouds;
     cv::Mat(calm - light).convertTo(clouds.grey, CV_8U, kCloudsGain, 128);
     clouds.scale = picture.scale * reduction;
     clouds.origin = picture.toStored(Point(1, 1) * ((reduction - 1) / 2));

@@ -47,6 +47,7 @@ int workingScale(const QSize &size);
 WorkingPicture readWorkingPicture(const QString &path, const QSize &size);
 
 /// \a picture much reduced, and only what is neither noise nor light in it, made strong: clouds.
+/// Null where it is too small for that.
 WorkingPicture cloudsOf(const WorkingPicture &picture);
 
 /// Finds the corners and the noise of \a picture. Any thread.

@@ -55,9 +55,9 @@ void leadGroup()
 #endif
 }
 
-/// Qt's child waits for word from its parent before it does anything else: for ever, and with all
-/// files and locks open, where the parent is killed in between. So it leads its group from its
-/// first moment.
+/// Whoever wants a say in Qt's child gets it by fork(), and that child waits for word from its
+/// parent before it does anything else: for ever, and with all files and locks open, where the
+/// parent is killed in between. So it leads its group from its first moment.
 void leadGroupsFromTheFork()
 {
     static const int done = ::pthread_atfork(nullptr, nullptr, leadGroup);
