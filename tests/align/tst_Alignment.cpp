@@ -171,8 +171,8 @@ private slots:
         row("brackets of 4, points inside, 3 degrees off",
             more(kRow, " --brackets 3 --bracket-step 4 --head-error 3"),
             "papywizard --stacks points", 14, 0.1);
-        row("blurred and noisy sky, larger pictures",
-            "--rows 2 --columns 7 --full-turn --focal 16 --size 1500x1000 --pitch-range 10,55 "
+        row("blurred and noisy sky, large, and little else",
+            "--rows 2 --columns 5 --full-turn --focal 12 --size 1500x1000 --pitch-range 20,75 "
             "--blurred-sky --noise 3 --head-error 0.3 --focal-error 1 --distortion -0.01",
             "papywizard", 0, 0.15);
         row("brackets of 2, all levels", more(wrongRow, " --brackets 3"), "papywizard --levels all",
@@ -234,7 +234,7 @@ private slots:
         // A tenth of a pixel; of pictures of 900 pixels it would be 0.015 degrees.
         const double pixel
             = 1 / (alignment.project.pictures.first().lens.pixelFocal() * M_PI / 180);
-        QVERIFY2(joined.rms <= qMax(0.1 * pixel, qMin(rms, 0.06)),
+        QVERIFY2(joined.rms <= qMax(0.1 * pixel, qMin(rms, 0.1)),
             qPrintable(QString::number(joined.rms)));
         QVERIFY(qAbs(report.focal / truth.focal - 1) < 0.003);
         QVERIFY(qAbs(report.distortion - truth.distortion) < 0.003);
