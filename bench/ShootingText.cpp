@@ -15,7 +15,11 @@ struct Raster {
     {
     }
     double yaw(int place) const { return place % columns * 360.0 / columns; }
-    double pitch(int place) const { return 45 - place / columns * step; }
+    double pitch(int place) const
+    {
+        const int row = place / columns;
+        return 45 - row * step;
+    }
 
     double step;
     int columns;

@@ -37,8 +37,10 @@ QVector<Direction> grid(int count)
     const int columns = static_cast<int>(360 / step);
     QVector<Direction> places;
     for (int k = 0; k < count; ++k) {
-        places.append({geometry::toRadians(static_cast<float>(k % columns * step)),
-            geometry::toRadians(static_cast<float>(k / columns * step - 45))});
+        const int column = k % columns;
+        const int row = k / columns;
+        places.append({geometry::toRadians(static_cast<float>(column * step)),
+            geometry::toRadians(static_cast<float>(row * step - 45))});
     }
     return places;
 }
@@ -118,7 +120,8 @@ void ratios(bench::Table &table)
     const QVector<Direction> whole = grid(kPlainLargest);
     const double small = comparePapywizard(1, half, papywizardFocal(kPlainLargest / 2)).plain;
     const double large = comparePapywizard(1, whole, papywizardFocal(kPlainLargest)).plain;
-    const double exponent = bench::growth(kPlainLargest / 2, small, kPlainLargest, large);
+    constexpr int kHalf = kPlainLargest / 2;
+    const double exponent = bench::growth(kHalf, small, kPlainLargest, large);
     // It visits every pair; that a larger one leaves the cache is not held against it.
     const double plain
         = large * std::pow(double(kLargest) / kPlainLargest, std::min(exponent, 2.0));

@@ -96,7 +96,7 @@ int main(int argc, char **argv)
 
     const QTemporaryDir folder;
     const auto write = [&](int shots) {
-        const QString path = folder.filePath(QStringLiteral("%1.xml").arg(shots));
+        QString path = folder.filePath(QStringLiteral("%1.xml").arg(shots));
         QFile file(path);
         if (!file.open(QIODevice::WriteOnly) || file.write(bench::shootingXml(shots)) < 0)
             qFatal("Cannot write %s", qPrintable(path));

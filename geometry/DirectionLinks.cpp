@@ -76,10 +76,10 @@ public:
 
     NeighbourSearch search() const
     {
-        return NeighbourSearch(m_spots, [this](int i, int j) {
-            // Written so that an undefined distance links nothing.
-            return m_halfAngle > kReach * distanceOf(m_sights[i], m_sights[j]);
-        });
+        return {m_spots, [this](int i, int j) {
+                    // Written so that an undefined distance links nothing.
+                    return m_halfAngle > kReach * distanceOf(m_sights[i], m_sights[j]);
+                }};
     }
 
 private:

@@ -126,7 +126,7 @@ class tst_Alignment : public QObject {
     /// A folder with the files of \a folder, to be changed.
     QString copied(const QString &folder)
     {
-        const QString copy = m_folder.filePath(QStringLiteral("copy%1").arg(++m_shootings));
+        QString copy = m_folder.filePath(QStringLiteral("copy%1").arg(++m_shootings));
         QDir().mkpath(copy);
         const QStringList files = QDir(folder).entryList(QDir::Files);
         for (const QString &name : files)

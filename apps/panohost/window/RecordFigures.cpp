@@ -70,7 +70,7 @@ QString picturesText(const ProjectRecord &record)
 {
     const auto [least, most] = std::minmax_element(record.groups.cbegin(), record.groups.cend(),
         [](const QStringList &a, const QStringList &b) { return a.size() < b.size(); });
-    const QString count = number(pictureCount(record));
+    QString count = number(pictureCount(record));
     if (most->size() <= 1)
         return count;
     return least->size() == most->size()

@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QVBoxLayout>
+#include <utility>
 
 namespace {
 
@@ -30,8 +31,8 @@ QLabel *makeLabel(const QString &text, double size)
 /// A button with a picture, a name and sentences that wrap.
 class HeadButton final : public QPushButton {
 public:
-    HeadButton(const QIcon &icon, const QString &name, const QString &description)
-        : m_icon(icon)
+    HeadButton(QIcon icon, const QString &name, const QString &description)
+        : m_icon(std::move(icon))
         , m_picture(new QLabel)
     {
         setObjectName(name);
