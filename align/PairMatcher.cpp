@@ -134,23 +134,13 @@ bool PairMatcher::track(const PicturePairs::Places &wanted, const Progress &prog
     return visit<WorkingPicture>("track", wanted, readCorners, match, progress);
 }
 
-PairMatcher::Sight PairMatcher::lookAt(
-    const PicturePair &pair, const TrackedView &one, const TrackedView &other, double gate) const
+PairMatcher::Sight PairMatcher::sightOf(const PicturePair &pair, const TrackedView &one,
+    const TrackedView &other, double gate, Shades shades) const
 {
-    const auto sightOf = [&](Shades shades) {
-        Sight sight;
-        sight.tracked = align::track(one, other, shades);
-        sight.agreement = agreementOf(pair, one.rotation.transpose() * other.rotation,
-            sight.tracked.matches, {kBend * one.lens.unit / one.lens.focal, gate, kPart});
-        return sight;
-    };
-    Sight sight = sightOf(Shades::AsTheyAre);
-    // Within a stack it is equally dark at the same places.
-    if (sight.part() < kClearPart && !pair.isInner) {
-        Sight again = sightOf(Shades::AgainstLight);
-        if (again.found() > sight.found())
-            return again;
-    }
+    Sight sight;
+    sight.tracked = align::track(one, other, shades);
+    sight.agreement = agreementOf(pair, one.rotation.transpose() * other.rotation,
+        sight.tracked.matches, {kBend * one.lens.unit / one.lens.focal, gate, kPart});
     return sight;
 }
 
@@ -162,8 +152,16 @@ void PairMatcher::trackPair(
     const TrackedView other{
         &second, m_cameras.lens(pair->second), m_cameras.rotation(pair->second)};
     const auto lookTo = [&](const Rotation &place) {
-        return lookAt(
-            *pair, one, {other.picture, other.lens, place}, 2 * kReach * first.scale / lens.focal);
+        const TrackedView there{other.picture, other.lens, place};
+        const double gate = 2 * kReach * first.scale / lens.focal;
+        Sight sight = sightOf(*pair, one, there, gate, Shades::AsTheyAre);
+        // Within a stack the lens is equally dark at the same places.
+        if (sight.part() < kClearPart && !pair->isInner) {
+            Sight again = sightOf(*pair, one, there, gate, Shades::AgainstLight);
+            if (again.found() > sight.found())
+                return again;
+        }
+        return sight;
     };
     const auto take = [&](const Sight &sight, bool isFar) {
         pair->turn = sight.agreement.turn;
@@ -212,9 +210,9 @@ bool PairMatcher::trackClouds(const PicturePairs::Places &wanted, const Progress
               if (first.isNull() || second.isNull())
                   return;
               const Lens &lens = m_cameras.lens(pair->first);
-              const Sight sight = lookAt(*pair, {&first, lens, m_cameras.rotation(pair->first)},
+              const Sight sight = sightOf(*pair, {&first, lens, m_cameras.rotation(pair->first)},
                   {&second, m_cameras.lens(pair->second), m_cameras.rotation(pair->second)},
-                  kReach * m_cameras.scale(pair->first) / lens.focal);
+                  kReach * m_cameras.scale(pair->first) / lens.focal, Shades::AsTheyAre);
               if (!sight.isSure())
                   return;
               pair->turn = sight.agreement.turn;

@@ -41,8 +41,8 @@ private:
     void trackPair(const WorkingPicture &first, const WorkingPicture &second, PicturePair *pair);
 
     /// \a gate: radians that things may be from where the views have them.
-    Sight lookAt(const PicturePair &pair, const TrackedView &one, const TrackedView &other,
-        double gate) const;
+    Sight sightOf(const PicturePair &pair, const TrackedView &one, const TrackedView &other,
+        double gate, Shades shades) const;
     WorkingPicture read(int picture) const;
     Agreement agreementOf(const PicturePair &pair, const Rotation &expected,
         const std::vector<Match> &matches, const AgreementLimits &limits) const;
