@@ -39,7 +39,8 @@ struct AlignReport {
     double overlapDown = 0;
     /// Full paths of the others: they stay where the head put them and turn with their neighbours.
     QStringList held;
-    /// Distances of points in pixels of the pictures as stored; 0 when there are none.
+    /// Distances of points, which count as much as their places are sure, in pixels of the pictures
+    /// as stored; 0 when there are none.
     double residualRms = 0;
     double residualWorst = 0;
     QPair<QString, QString> worstPair;

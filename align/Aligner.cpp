@@ -337,23 +337,24 @@ void Aligner::reportResiduals(AlignReport *report) const
 {
     double squares = 0;
     double workingSquares = 0;
-    int points = 0;
+    double weights = 0;
     for (const PicturePair &pair : m_pairs) {
         const std::vector<double> residuals = m_pairs.residuals(pair);
         for (std::size_t i = 0; i < residuals.size(); ++i) {
-            // What is not sure of its place, as clouds, tells as little of the others'.
-            const double working = residuals[i] * pair.matches[i].weight;
+            // What is not sure of its place, as clouds, counts as little as in the adjustment.
+            const double weight = pair.matches[i].weight;
+            const double working = residuals[i] * weight;
             const double distance = working * m_cameras.scale(pair.first);
             squares += distance * distance;
             workingSquares += working * working;
-            ++points;
+            weights += weight * weight;
             if (distance > report->residualWorst) {
                 report->residualWorst = distance;
                 report->worstPair = {pathOf(pair.first), pathOf(pair.second)};
             }
         }
     }
-    report->residualRms = points > 0 ? std::sqrt(squares / points) : 0;
+    report->residualRms = weights > 0 ? std::sqrt(squares / weights) : 0;
     // Sky is not expected to match.
     int joined = 0;
     int failed = 0;
@@ -362,7 +363,7 @@ void Aligner::reportResiduals(AlignReport *report) const
         failed += !pair.isInner && !pair.isJoined() && pair.isTextured();
     }
     report->fits = !report->isOptimised
-        || (failed <= joined && workingSquares <= points * kMisfit * kMisfit
+        || (failed <= joined && workingSquares <= weights * kMisfit * kMisfit
             && std::abs(report->focal / report->recordedFocal - 1) <= kMisfitFocal);
 }
 

@@ -32,7 +32,7 @@ constexpr double kReach = 60;
 constexpr double kPart = 0.3;
 /// Part of the corners looked for that agree by chance, where windows look like windows.
 constexpr double kChance = 0.45;
-/// Part of them that is enough where features are.
+/// Part of them that is enough where features have agreed on the place.
 constexpr double kRoughPart = 0.4;
 /// Part of them beyond which a pair is looked for nowhere else.
 constexpr double kClearPart = 0.8;
@@ -44,7 +44,7 @@ constexpr double kFeaturePart = 0.25;
 constexpr double kGridFeaturePart = 0.3;
 /// To be raised when matches are found in another way: what is kept of earlier runs is then not
 /// used.
-constexpr int kMethods = 4;
+constexpr int kMethods = 5;
 
 std::vector<Match> chosen(
     const std::vector<Match> &matches, const Agreement &agreement, std::size_t most)
@@ -175,16 +175,20 @@ void PairMatcher::trackPair(
     if (pair->isRough) {
         const Sight sight = lookTo(one.rotation * pair->turn);
         // Features and corners are two witnesses.
-        if (sight.agreement && sight.part() >= kRoughPart)
+        if (sight.agreement && sight.part() >= kRoughPart) {
             take(sight, true);
-        else
+            pair->isSure = true;
+        } else {
             pair->matches.clear();
+        }
         pair->isRough = false;
         return;
     }
     const Sight near = lookTo(other.rotation);
     pair->corners = near.tracked.corners;
-    const bool isNear = near.agreement && (near.isSure() || !pair->isDoubted);
+    const bool isEnough
+        = near.isSure() || (!pair->isDoubted && !(pair->isJoined() && pair->isSure));
+    const bool isNear = near.agreement && isEnough;
     if (isNear)
         take(near, false);
     if (isNear && (near.part() >= kClearPart || !pair->isDoubted))
@@ -300,7 +304,8 @@ QByteArray PairMatcher::keyOf(const PicturePair &pair, const char *method) const
 {
     QByteArray text;
     QDataStream stream(&text, QIODevice::WriteOnly);
-    stream << kMethods << QByteArray(method) << pair.isDoubted << m_isGrid << pair.isRough;
+    stream << kMethods << QByteArray(method) << pair.isDoubted << (pair.isJoined() && pair.isSure)
+           << m_isGrid << pair.isRough;
     for (const int picture : {pair.first, pair.second}) {
         const PtoProject::Picture &entry = m_project.pictures.at(picture);
         const QFileInfo file(entry.path);

@@ -22,8 +22,9 @@ constexpr int kTextured = 20;
 constexpr double kDistant = 10;
 constexpr double kFar = 40;
 /// Working pixels by which sure pairs are off, in the middle, beyond which the head is no guide to
-/// the others.
+/// the others; and by which unsure ones may be, for chance would scatter them further.
 constexpr double kHeadNear = 80;
+constexpr double kUnsureNear = 10;
 /// Matches that are few for a pair found far off.
 constexpr std::size_t kPoor = 15;
 /// Working pixels beyond which a match is wrong, and how many times the middle distance.
@@ -133,8 +134,8 @@ PicturePairs::Places PicturePairs::clouds() const
         }
     }
     return loose(where([&](const PicturePair &pair) {
-        return !pair.isJoined() && !pair.isInner && !isHeld[at(pair.first)]
-            && !isHeld[at(pair.second)];
+        return !pair.isJoined() && !pair.isInner
+            && !(isHeld[at(pair.first)] && isHeld[at(pair.second)]);
     }));
 }
 
@@ -149,7 +150,8 @@ PicturePairs::Places PicturePairs::distant() const
         [](const PicturePair &pair) { return pair.isJoined() && pair.distance > kDistant; });
 }
 
-/// Working pixels from where the head has the matches of \a pair to where they were found.
+/// Working pixels from where the head has the matches of \a pair to where they were found, on
+/// average.
 double PicturePairs::headDistance(const PicturePair &pair) const
 {
     const Lens &first = m_cameras.lens(pair.first);
@@ -176,15 +178,14 @@ PicturePairs::Head PicturePairs::head() const
     }
     if (!sure.empty())
         return geometry::upperMedian(std::move(sure)) <= kHeadNear ? Head::Near : Head::Far;
-    // Chance would scatter them as far as tracking reaches.
-    const bool isNear = !all.empty() && geometry::upperMedian(std::move(all)) <= kDistant;
+    const bool isNear = !all.empty() && geometry::upperMedian(std::move(all)) <= kUnsureNear;
     return isNear ? Head::Near : Head::Unknown;
 }
 
 void PicturePairs::doubt()
 {
     const std::vector<int> parts
-        = partsJoinedBy([](const PicturePair &pair) { return pair.isSure; });
+        = partsJoinedBy([](const PicturePair &pair) { return pair.isSure || pair.isInner; });
     const bool isNear = head() == Head::Near;
     for (PicturePair &pair : m_pairs) {
         pair.isDoubted
@@ -217,10 +218,11 @@ PicturePairs::Places PicturePairs::loose(const Places &failed) const
     Places loose;
     for (const int place : failed) {
         const PicturePair &pair = (*this)[place];
-        const auto hangs
-            = [&](int picture) { return neighbours[at(m_cameras.owner(picture))].size() < 2; };
+        const auto hangs = [&](int owner) { return neighbours[at(owner)].size() < 2; };
+        const int a = m_cameras.owner(pair.first);
+        const int b = m_cameras.owner(pair.second);
         if (parts[at(pair.first)] != parts[at(pair.second)]
-            || (!pair.isInner && (hangs(pair.first) || hangs(pair.second))))
+            || (!pair.isInner && !neighbours[at(a)].contains(b) && (hangs(a) || hangs(b))))
             loose.push_back(place);
     }
     return loose;

@@ -61,9 +61,11 @@ public:
     auto end() const { return m_pairs.end(); }
 
     Places all() const;
-    /// Those in which something should have been found, and was not.
+    /// Those in which something should have been found, and was not; of those that are doubted any
+    /// corner is enough.
     Places failed() const;
-    /// Those that would join parts by next to nothing, such as clouds.
+    /// Those not found that would join parts or hold a place, and whose stacks do not hold them:
+    /// clouds may.
     Places clouds() const;
     /// Those in which something was found, or should have been.
     Places textured() const;

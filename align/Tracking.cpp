@@ -20,7 +20,7 @@ constexpr int kLevels = 3;
 /// Working pixels that a corner keeps from the border of either picture.
 constexpr double kBorder = 10;
 constexpr int kSought = 60;
-/// Pixels of the square about a pixel whose mean is its light.
+/// Working pixels of the side of the square about a pixel whose mean is its light.
 constexpr int kLit = 81;
 constexpr int kPatch = 11;
 /// Correlation of two patches of the same thing.

@@ -43,8 +43,8 @@ constexpr double kCloudsSide = 225;
 /// Pixels of it: what is smaller is noise, what is larger is light.
 constexpr double kNoise = 1.5;
 constexpr double kLight = 6;
-/// Pixels of the shorter side below which no clouds can be told apart.
-constexpr double kFewestRows = 16;
+/// Pixels of its shorter side below which no clouds can be told apart.
+constexpr double kCloudsShortestSide = 16;
 /// By which clouds are made stronger.
 constexpr double kCloudsGain = 24;
 
@@ -178,7 +178,7 @@ WorkingPicture cloudsOf(const WorkingPicture &picture)
     const double reduction
         = std::max(1.0, std::max(picture.grey.cols, picture.grey.rows) / kCloudsSide);
     WorkingPicture clouds;
-    if (std::min(picture.grey.cols, picture.grey.rows) < kFewestRows * reduction)
+    if (std::min(picture.grey.cols, picture.grey.rows) < kCloudsShortestSide * reduction)
         return clouds;
     cv::Mat small;
     cv::resize(picture.grey, small, {}, 1 / reduction, 1 / reduction, cv::INTER_AREA);

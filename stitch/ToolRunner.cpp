@@ -55,7 +55,7 @@ void leadGroup()
 #endif
 }
 
-/// Whoever wants a say in Qt's child gets it by fork(), and that child waits for word from its
+/// Qt starts a child that has code of ours to run by fork(), and that child waits for word from its
 /// parent before it does anything else: for ever, and with all files and locks open, where the
 /// parent is killed in between. So it leads its group from its first moment.
 void leadGroupsFromTheFork()

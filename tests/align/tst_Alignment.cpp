@@ -175,6 +175,11 @@ private slots:
             "--rows 2 --columns 5 --full-turn --focal 12 --size 1500x1000 --pitch-range 20,75 "
             "--blurred-sky --noise 3 --head-error 0.3 --focal-error 1 --distortion -0.01",
             "papywizard", 0, 0.15);
+        row("blurred and noisy sky, all levels",
+            "--rows 2 --columns 5 --full-turn --focal 12 --size 600x400 --pitch-range 20,75 "
+            "--blurred-sky --noise 3 --head-error 0.3 --focal-error 1 --distortion -0.01 "
+            "--brackets 3 --bracket-step 1",
+            "papywizard --levels all", 0, 0.15);
         row("brackets of 2, all levels", more(wrongRow, " --brackets 3"), "papywizard --levels all",
             0, 0.02);
         row("portrait by tag", more(wrongRow, " --portrait tag"), "papywizard", 0, 0.02);
@@ -224,6 +229,8 @@ private slots:
             report.held.size() <= plain, qPrintable(names(report.held).join(QLatin1Char(' '))));
         QCOMPARE(report.joined + report.held.size(), report.pictures);
         QVERIFY(report.fits);
+        if (report.held.isEmpty())
+            QCOMPARE(report.parts, 1);
         const AlignError error = alignError(alignment.project, truth);
         QVERIFY2(error.rms <= rms,
             qPrintable(QStringLiteral("%1 degrees, %2 of %3")
@@ -234,7 +241,7 @@ private slots:
         // A tenth of a pixel; of pictures of 900 pixels it would be 0.015 degrees.
         const double pixel
             = 1 / (alignment.project.pictures.first().lens.pixelFocal() * M_PI / 180);
-        QVERIFY2(joined.rms <= qMax(0.1 * pixel, qMin(rms, 0.1)),
+        QVERIFY2(joined.rms <= qMax(0.1 * pixel, qMin(rms, 0.08)),
             qPrintable(QString::number(joined.rms)));
         QVERIFY(qAbs(report.focal / truth.focal - 1) < 0.003);
         QVERIFY(qAbs(report.distortion - truth.distortion) < 0.003);
@@ -286,7 +293,8 @@ private slots:
     {
         const Table<int, double, int> row("focal", "error", "seed");
         row("10 degrees wide", 200, 0.3, 1);
-        row("10 degrees wide, other errors", 200, 0.3, 4);
+        row("10 degrees wide, other errors", 200, 0.3, 2);
+        row("10 degrees wide, and others", 200, 0.3, 4);
         row("10 degrees wide, head 1 degree off", 200, 1, 1);
         row("10 degrees wide, head 1 degree off otherwise", 200, 1, 4);
         row("20 degrees wide, head 2 degrees off", 100, 2, 4);
@@ -309,8 +317,8 @@ private slots:
         const ShootingTruth truth = ShootingTruth::of(folder);
         QCOMPARE(alignment.report.joined, 15);
         const AlignError off = alignError(alignment.project, truth);
-        QVERIFY2(off.rms <= 0.1, qPrintable(QString::number(off.rms)));
-        QVERIFY2(qAbs(alignment.report.focal / truth.focal - 1) < 0.01,
+        QVERIFY2(off.rms <= 0.15, qPrintable(QString::number(off.rms)));
+        QVERIFY2(qAbs(alignment.report.focal / truth.focal - 1) < 0.015,
             qPrintable(QString::number(alignment.report.focal)));
     }
 
