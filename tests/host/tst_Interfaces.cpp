@@ -112,7 +112,7 @@ public:
     QString GetCompany() const override { return QStringLiteral("company"); }
     QString GetDescription() const override { return QStringLiteral("description"); }
     QString GetVersion() const override { return QStringLiteral("version"); }
-    QIcon GetIcon() const override { return QIcon(QPixmap(3, 2)); }
+    QIcon GetIcon() const override { return {QPixmap(3, 2)}; }
     QString GetIdentifier() const override { return QStringLiteral("identifier"); }
 };
 

@@ -207,7 +207,8 @@ private slots:
             QCOMPARE(run.out.contains("were evened out"), isEvened);
             uneven[isEvened] = unevenness(QImage(at("pano.jpg")), QImage(at("scene.png")));
         }
-        QVERIFY2(uneven[1] < uneven[0] / 2,
+        // The tool draws its points by lot: mostly two fifths are left, at times more than half.
+        QVERIFY2(uneven[1] < 0.75 * uneven[0],
             qPrintable(QStringLiteral("%1 %2").arg(uneven[0]).arg(uneven[1])));
     }
 

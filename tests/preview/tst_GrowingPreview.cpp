@@ -65,7 +65,7 @@ PreviewScene grid(int rows, int mode, int pictures)
 
 QPalette colours()
 {
-    return QPalette(QColor(60, 70, 80), QColor(200, 210, 220));
+    return {QColor(60, 70, 80), QColor(200, 210, 220)};
 }
 
 QImage wholeDrawing(const PreviewScene &scene, const PreviewCanvas &canvas, int read)

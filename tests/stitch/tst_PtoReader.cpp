@@ -21,9 +21,9 @@ private slots:
             picture.path = QStringLiteral("/pictures/sub, #1 \u00e4=/%1.jpg").arg(i);
             picture.lens = {QSize(900, 600), i < 4 ? 20.0 : 8.5, i >= 4};
             picture.distortion = {0.001, -0.01, 0.002};
-            picture.place = {-170.5 + i / 2 * 60, 12.25, -90};
-            picture.exposureValue = 10.25 + i % 2;
             picture.location = i / 2;
+            picture.place = {-170.5 + picture.location * 60, 12.25, -90};
+            picture.exposureValue = 10.25 + i % 2;
             picture.positionOwner = i % 2 == 1 ? i - 1 : -1;
             project.pictures.append(picture);
         }
