@@ -52,7 +52,9 @@ private slots:
         const double step = 0.5 * qRadiansToDegrees(36 / focal);
         std::vector<Rotation> truth;
         for (int i = 0; i < 2 * kColumns; ++i) {
-            truth.push_back(rotationOf({i % kColumns * step, i / kColumns * 0.6 * step, 0.0}));
+            const int column = i % kColumns;
+            const int row = i / kColumns;
+            truth.push_back(rotationOf({column * step, row * 0.6 * step, 0.0}));
             const Vector error(normal(random), normal(random), normal(random));
             task.pictures.push_back(
                 {task.places++, i % lenses, turnBy(qDegreesToRadians(0.3) * error) * truth.back()});
@@ -94,7 +96,7 @@ private slots:
         TurnFit whole;
         std::vector<Rotation> places;
         for (std::size_t i = 0; i < truth.size(); ++i) {
-            places.push_back(result.turns[i] * task.pictures[i].base);
+            places.emplace_back(result.turns[i] * task.pictures[i].base);
             whole.add(places[i], truth[i]);
         }
         for (std::size_t i = 0; i < truth.size(); ++i) {
