@@ -165,24 +165,30 @@ bool Aligner::matchAll()
             return false;
         again = m_pairs.failed();
     }
-    const PicturePairs::Places clouds = m_pairs.clouds();
-    if (!clouds.empty()) {
-        const auto progress = [&](int done, int total) { return tell(step, done, total); };
-        if (!solve(false) || !m_matcher.trackClouds(clouds, progress))
-            return false;
-        endStep(step);
-        // From where clouds have put them, pictures that show more may be tracked exactly.
-        PicturePairs::Places exact;
-        std::copy_if(clouds.begin(), clouds.end(), std::back_inserter(exact),
-            [this](int place) { return m_pairs[place].isJoined() && m_pairs[place].isTextured(); });
-        if (!exact.empty() && !(solve(false) && track(exact, step)))
-            return false;
-    }
+    if (!matchClouds(step))
+        return false;
     do {
         if (!solve(true))
             return false;
     } while (m_record.cleanLinks && m_pairs.dropHopeless());
     return true;
+}
+
+/// Joins what is left by clouds; from where they have put them, pictures that show more are tracked
+/// exactly.
+bool Aligner::matchClouds(const QString &step)
+{
+    const PicturePairs::Places clouds = m_pairs.clouds();
+    if (clouds.empty())
+        return true;
+    const auto progress = [&](int done, int total) { return tell(step, done, total); };
+    if (!solve(false) || !m_matcher.trackClouds(clouds, progress))
+        return false;
+    endStep(step);
+    PicturePairs::Places exact;
+    std::copy_if(clouds.begin(), clouds.end(), std::back_inserter(exact),
+        [this](int place) { return m_pairs[place].isJoined() && m_pairs[place].isTextured(); });
+    return exact.empty() || (solve(false) && track(exact, step));
 }
 
 bool Aligner::track(const PicturePairs::Places &wanted, const QString &step)

@@ -30,6 +30,7 @@ public:
 private:
     bool matchAll();
     bool track(const PicturePairs::Places &wanted, const QString &step);
+    bool matchClouds(const QString &step);
     bool search(const PicturePairs::Places &wanted);
     bool solve(bool isLast);
     /// Percent that neighbours share in a row and in a column; nothing where too little was found.

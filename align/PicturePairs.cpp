@@ -150,21 +150,6 @@ PicturePairs::Places PicturePairs::distant() const
         [](const PicturePair &pair) { return pair.isJoined() && pair.distance > kDistant; });
 }
 
-/// Working pixels from where the head has the matches of \a pair to where they were found, on
-/// average.
-double PicturePairs::headDistance(const PicturePair &pair) const
-{
-    const Lens &first = m_cameras.lens(pair.first);
-    const Lens &second = m_cameras.lens(pair.second);
-    double sum = 0;
-    for (const Match &match : pair.matches)
-        sum += (m_cameras.recorded(pair.first) * first.ray(match.inFirst)
-            - m_cameras.recorded(pair.second) * second.ray(match.inSecond))
-                   .norm();
-    return sum / static_cast<double>(pair.matches.size()) * first.focal
-        / m_cameras.scale(pair.first);
-}
-
 PicturePairs::Head PicturePairs::head() const
 {
     std::vector<double> sure;
@@ -172,7 +157,8 @@ PicturePairs::Head PicturePairs::head() const
     for (const PicturePair &pair : m_pairs) {
         if (!pair.isJoined() || pair.isInner)
             continue;
-        all.push_back(headDistance(pair));
+        all.push_back(geometry::upperMedian(
+            distances(pair, m_cameras.recorded(pair.first), m_cameras.recorded(pair.second))));
         if (pair.isSure)
             sure.push_back(all.back());
     }
@@ -252,16 +238,22 @@ std::vector<int> PicturePairs::partsJoinedBy(const Condition &condition) const
 
 std::vector<double> PicturePairs::residuals(const PicturePair &pair) const
 {
+    return distances(pair, m_cameras.rotation(pair.first), m_cameras.rotation(pair.second));
+}
+
+/// Of each match of \a pair the working pixels by which its rays miss each other where its cameras
+/// look to \a one and \a other.
+std::vector<double> PicturePairs::distances(
+    const PicturePair &pair, const Rotation &one, const Rotation &other) const
+{
     const Lens &first = m_cameras.lens(pair.first);
     const Lens &second = m_cameras.lens(pair.second);
     const double pixels = first.focal / m_cameras.scale(pair.first);
     std::vector<double> result;
     result.reserve(pair.matches.size());
     for (const Match &match : pair.matches)
-        result.push_back(pixels
-            * (m_cameras.rotation(pair.first) * first.ray(match.inFirst)
-                - m_cameras.rotation(pair.second) * second.ray(match.inSecond))
-                  .norm());
+        result.push_back(
+            pixels * (one * first.ray(match.inFirst) - other * second.ray(match.inSecond)).norm());
     return result;
 }
 

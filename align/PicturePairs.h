@@ -40,6 +40,9 @@ struct PicturePair {
 class PicturePairs {
 public:
     using Places = std::vector<int>;
+    /// Whether what is found lies about where the head has it; unknown as long as chance may have
+    /// found it.
+    enum class Head { Near, Far, Unknown };
 
     explicit PicturePairs(const Cameras &cameras)
         : m_cameras(cameras)
@@ -71,9 +74,6 @@ public:
     Places textured() const;
     /// Those found so far from where they were expected that more will be found there.
     Places distant() const;
-    enum class Head { Near, Far, Unknown };
-    /// Whether what is found lies about where the head has it; unknown as long as chance may have
-    /// found it.
     Head head() const;
     /// Doubts those whose place neither the head nor sure ones tell, and forgets what is not sure
     /// of them.
@@ -97,7 +97,8 @@ public:
 private:
     template <class Condition> Places where(const Condition &condition) const;
     template <class Condition> std::vector<int> partsJoinedBy(const Condition &condition) const;
-    double headDistance(const PicturePair &pair) const;
+    std::vector<double> distances(
+        const PicturePair &pair, const Rotation &one, const Rotation &other) const;
     bool dropBeyond(double limit, const std::vector<double> &middles);
     std::vector<double> middleResiduals() const;
 

@@ -25,7 +25,7 @@ struct Tracked {
 };
 
 /// What is compared: pictures as they are, or what stands out in them from the light about it,
-/// which a lens that grows darker towards the border leaves as it is.
+/// which a lens's dark border hardly changes.
 enum class Shades { AsTheyAre, AgainstLight };
 
 /// Finds corners of one view in the other, which is turned into the first one's frame for it; they

@@ -4,6 +4,7 @@
 #include "apps/panohost/Options.h"
 
 #include <cmath>
+#include <type_traits>
 
 void addOption(QCommandLineParser &parser, const OptionText &option)
 {
@@ -48,37 +49,37 @@ std::optional<int> OptionReader::choice(const char *name, const QStringList &wor
     return std::nullopt;
 }
 
-std::optional<double> OptionReader::number(const char *name, double least, double most)
+template <class Number>
+std::optional<Number> OptionReader::between(
+    const char *name, Number least, Number most, const QString &kind)
 {
     if (!isSet(name))
         return std::nullopt;
     bool isNumber = false;
-    const double value = text(name).toDouble(&isNumber);
+    Number value;
+    if constexpr (std::is_integral_v<Number>)
+        value = text(name).toInt(&isNumber);
+    else
+        value = text(name).toDouble(&isNumber);
     // Not a number at all fails here too.
     if (isNumber && value >= least && value <= most)
         return value;
-    refuse(QStringLiteral("--%1 wants a number from %2 to %3, not \"%4\"")
-               .arg(QLatin1String(name))
+    refuse(QStringLiteral("--%1 wants %2 from %3 to %4, not \"%5\"")
+               .arg(QLatin1String(name), kind)
                .arg(least)
                .arg(most)
                .arg(text(name)));
     return std::nullopt;
 }
 
+std::optional<double> OptionReader::number(const char *name, double least, double most)
+{
+    return between(name, least, most, QStringLiteral("a number"));
+}
+
 std::optional<int> OptionReader::integer(const char *name, int least, int most)
 {
-    if (!isSet(name))
-        return std::nullopt;
-    bool isNumber = false;
-    const int value = text(name).toInt(&isNumber);
-    if (isNumber && value >= least && value <= most)
-        return value;
-    refuse(QStringLiteral("--%1 wants a whole number from %2 to %3, not \"%4\"")
-               .arg(QLatin1String(name))
-               .arg(least)
-               .arg(most)
-               .arg(text(name)));
-    return std::nullopt;
+    return between(name, least, most, QStringLiteral("a whole number"));
 }
 
 bool OptionReader::lastOf(const char *on, const char *off, bool fallback) const

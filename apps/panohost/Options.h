@@ -61,6 +61,9 @@ public:
     QString error() const { return m_error; }
 
 private:
+    template <class Number>
+    std::optional<Number> between(const char *name, Number least, Number most, const QString &kind);
+
     const QCommandLineParser &m_parser;
     QString m_error;
 };

@@ -241,7 +241,7 @@ private slots:
         // A tenth of a pixel; of pictures of 900 pixels it would be 0.015 degrees.
         const double pixel
             = 1 / (alignment.project.pictures.first().lens.pixelFocal() * M_PI / 180);
-        QVERIFY2(joined.rms <= qMax(0.1 * pixel, qMin(rms, 0.08)),
+        QVERIFY2(joined.rms <= qMax(0.1 * pixel, plain == 0 ? rms : qMin(rms, 0.06)),
             qPrintable(QString::number(joined.rms)));
         QVERIFY(qAbs(report.focal / truth.focal - 1) < 0.003);
         QVERIFY(qAbs(report.distortion - truth.distortion) < 0.003);
